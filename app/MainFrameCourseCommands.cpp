@@ -1,0 +1,6 @@
+#include "MainFrame.h"
+
+// Course records: New / Edit / Delete Course, instructors and buildings.
+void CMainFrame::WireCourseCommands()
+{
+}

@@ -1,0 +1,60 @@
+#include "BrindleData.h"
+#include "CommandLine.h"
+#include "DatabaseOpener.h"
+#include "MainFrame.h"
+#include "Startup.h"
+#include "outlook/PimLibrary.h"
+#include "res/Resources.h"
+#include "res/strings/AppStrings.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    InitBrindleResources();
+    QApplication::setApplicationName(QStringLiteral("Brindle"));
+    QApplication::setApplicationVersion(QStringLiteral(BRINDLE_VERSION));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/brindle.svg")));
+
+    const CommandLine options = CommandLine::Parse(app);
+    if (!options.database.isEmpty())
+        SetDatabasePath(options.database);
+
+    // Runs without a user (a picture, a timing): an unusable database is
+    // reported, never replaced.
+    const bool interactive = options.screenshot.isEmpty() && !options.quitAfterShow;
+    CDatabaseOpener opener(interactive);
+    if (!opener.Open()) {
+        if (!opener.ErrorText().isEmpty())
+            std::fprintf(stderr, "%s\n", qPrintable(opener.ErrorText()));
+        return 1;
+    }
+
+    CStartup().RunInstallationSteps();
+    PimLibrary::Initialize();
+    QApplication::setApplicationDisplayName(AppStrings::AppTitle());
+
+    int result = 0;
+    {
+        CMainFrame frame;
+        frame.show();
+        if (!options.screenshot.isEmpty() || options.quitAfterShow) {
+            QApplication::processEvents();
+            const QPixmap picture = frame.grab();
+            if (!options.screenshot.isEmpty() && !picture.save(options.screenshot, "PNG")) {
+                std::fprintf(stderr, "%s\n", qPrintable(AppStrings::ScreenshotFailed(options.screenshot)));
+                result = 1;
+            }
+        } else {
+            result = QApplication::exec();
+        }
+    }
+
+    PimLibrary::Release();
+    CDataTable::GetMount()->Unmount();
+    return result;
+}

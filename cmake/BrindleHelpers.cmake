@@ -1,0 +1,43 @@
+# Common compile settings: every Brindle target links brindle_options instead of
+# touching global flags.
+add_library(brindle_options INTERFACE)
+target_compile_features(brindle_options INTERFACE cxx_std_20)
+target_compile_options(brindle_options INTERFACE -Wall -Wextra -Wpedantic)
+target_compile_definitions(brindle_options INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_USE_QSTRINGBUILDER
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(BRINDLE_SANITIZE)
+    target_compile_options(brindle_options INTERFACE
+        -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(brindle_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# brindle_add_test(NAME SOURCES... LIBS ...): one QtTest executable registered
+# with CTest, run on the offscreen platform with a fixed locale.
+function(brindle_add_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE brindle_options Qt6::Test ${ARG_LIBS})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=C.UTF-8;LC_ALL=C.UTF-8;BRINDLE_INSTALL_DIR=${BRINDLE_STAGED_DATA_DIR};ASAN_OPTIONS=detect_leaks=0"
+        TIMEOUT 300)
+endfunction()
+
+# brindle_stage_data(TARGET FILES...): copies data files into the staged
+# share/brindle folder at build time and installs them there.
+function(brindle_stage_data target)
+    set(outputs)
+    foreach(file ${ARGN})
+        get_filename_component(name ${file} NAME)
+        set(output ${BRINDLE_STAGED_DATA_DIR}/${name})
+        add_custom_command(OUTPUT ${output}
+            COMMAND ${CMAKE_COMMAND} -E copy_if_different ${file} ${output}
+            DEPENDS ${file} VERBATIM)
+        list(APPEND outputs ${output})
+    endforeach()
+    add_custom_target(${target} ALL DEPENDS ${outputs})
+    install(FILES ${ARGN} DESTINATION ${CMAKE_INSTALL_DATADIR}/brindle)
+endfunction()

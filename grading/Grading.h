@@ -1,0 +1,11 @@
+#pragma once
+
+// The calculation layer: course grades, the prediction store, grade points and
+// GPAs, the predefined grade scales file and the number rules used wherever a
+// grade is shown. Widget-free; it reads and writes only the record store.
+
+#include "GradeText.h"
+#include "GradeCalculation.h"
+#include "PredictionStore.h"
+#include "GpaCalculation.h"
+#include "GradeScalesFile.h"

@@ -1,0 +1,5 @@
+#pragma once
+
+// Registers Brindle's images (":/images/...") with Qt's resource system. A
+// static library's resources are not found until this has run once.
+void InitBrindleResources();

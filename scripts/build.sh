@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Configures and builds Brindle into a build folder (default: build).
+# BRINDLE_WERROR=1 turns warnings into errors; BRINDLE_SANITIZE=1 builds with
+# AddressSanitizer and UndefinedBehaviorSanitizer.
+set -euo pipefail
+root="$(cd "$(dirname "$0")/.." && pwd)"
+build="${1:-build}"
+cd "$root"
+
+cmake -S . -B "$build" -G Ninja \
+    -DCMAKE_BUILD_TYPE="${BRINDLE_BUILD_TYPE:-RelWithDebInfo}" \
+    -DCMAKE_COMPILE_WARNING_AS_ERROR="${BRINDLE_WERROR:-OFF}" \
+    -DBRINDLE_SANITIZE="${BRINDLE_SANITIZE:-OFF}" >/dev/null
+cmake --build "$build" --parallel "$(nproc)"

@@ -1,0 +1,48 @@
+#include "AppStateTable.h"
+
+#include "Schema.h"
+
+CAppStateTable::CAppStateTable()
+    : CDataTable(BrindleSchema::AppState)
+{
+}
+
+#include "CeMount.h"
+#include "DateEncoding.h"
+
+#include <QDate>
+
+#include <sqlite3.h>
+
+void CAppStateTable::InitializeNewRecordPropArray()
+{
+    SetDefault(PropCurrentSemesterID, 0u);
+    SetDefault(PropCurrentCourseID, 0xFFFFFFFFu);
+    SetDefault(PropCurrentTabID, static_cast<uint>(CViewTabTable::NoFilter));
+    SetDefault(PropViewTabDueBy, BrindleDate::FromDate(QDate::currentDate().addDays(7)));
+    SetDefault(PropShowDone, 0);
+    SetDefault(PropShowGPAWithHours, 0);
+}
+
+int CAppStateTable::GetShowGPAWithHours() const
+{
+    sqlite3_stmt* stmt = GetMount()->Statement("SELECT ShowGPAWithHours FROM AppState WHERE id = ?1");
+    if (!stmt)
+        return BoolAt(PropShowGPAWithHours);
+    sqlite3_bind_int64(stmt, 1, GetRecordID());
+    const int value = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int(stmt, 0)
+                                                        : BoolAt(PropShowGPAWithHours);
+    sqlite3_reset(stmt);
+    return value;
+}
+
+CAppStateTable& CAppStateTable::Instance()
+{
+    static CAppStateTable state;
+    return state;
+}
+
+int CAppStateTable::OpenState()
+{
+    return Open() && MoveFirst(1);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+// The record store: every table class, the volume, the key value, the
+// transaction scope, the date encoding and the module's free functions.
+
+#include "AppStateTable.h"
+#include "BuildingTable.h"
+#include "CeDBProp.h"
+#include "CeMount.h"
+#include "CourseInstructorTable.h"
+#include "CourseList.h"
+#include "CourseOrderTable.h"
+#include "CourseTable.h"
+#include "CourseworkTable.h"
+#include "CwTypeOrderTable.h"
+#include "CwTypeTable.h"
+#include "DataTable.h"
+#include "Database.h"
+#include "DateEncoding.h"
+#include "GPAInfoTable.h"
+#include "GradeScaleTable.h"
+#include "GradingPolicyGradeTable.h"
+#include "GradingPolicyTable.h"
+#include "InstructorTable.h"
+#include "OutlookTable.h"
+#include "SemesterTable.h"
+#include "TextbookOrderTable.h"
+#include "TextbookTable.h"
+#include "TimeTable.h"
+#include "Transaction.h"
+#include "ViewTabTable.h"

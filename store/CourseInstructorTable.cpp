@@ -1,0 +1,8 @@
+#include "CourseInstructorTable.h"
+
+#include "Schema.h"
+
+CCourseInstructorTable::CCourseInstructorTable()
+    : CDataTable(BrindleSchema::CourseInstructor)
+{
+}

@@ -1,0 +1,8 @@
+#include "CourseOrderTable.h"
+
+#include "Schema.h"
+
+CCourseOrderTable::CCourseOrderTable()
+    : CDataTable(BrindleSchema::CourseOrder)
+{
+}

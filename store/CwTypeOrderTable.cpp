@@ -1,0 +1,8 @@
+#include "CwTypeOrderTable.h"
+
+#include "Schema.h"
+
+CCwTypeOrderTable::CCwTypeOrderTable()
+    : CDataTable(BrindleSchema::CwTypeOrder)
+{
+}

@@ -1,0 +1,365 @@
+#include "DataTable.h"
+
+#include "CeMount.h"
+#include "Schema.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+QVariant DefaultFor(FieldType type)
+{
+    switch (type) {
+    case FieldType::Double:
+        return 0.0;
+    case FieldType::String:
+        return QString();
+    default:
+        return 0;
+    }
+}
+
+void Bind(sqlite3_stmt* stmt, int index, FieldType type, const QVariant& value)
+{
+    switch (type) {
+    case FieldType::UInt32:
+        sqlite3_bind_int64(stmt, index, value.toUInt());
+        break;
+    case FieldType::UInt16:
+        sqlite3_bind_int64(stmt, index, static_cast<quint16>(value.toUInt()));
+        break;
+    case FieldType::Int16:
+        sqlite3_bind_int64(stmt, index, static_cast<qint16>(value.toInt()));
+        break;
+    case FieldType::Bool:
+        sqlite3_bind_int64(stmt, index, value.toInt());
+        break;
+    case FieldType::Double:
+        sqlite3_bind_double(stmt, index, value.toDouble());
+        break;
+    case FieldType::String: {
+        const QByteArray utf8 = value.toString().toUtf8();
+        sqlite3_bind_text(stmt, index, utf8.constData(), static_cast<int>(utf8.size()),
+                          SQLITE_TRANSIENT);
+        break;
+    }
+    }
+}
+
+QVariant Column(sqlite3_stmt* stmt, int column, FieldType type)
+{
+    switch (type) {
+    case FieldType::UInt32:
+        return static_cast<uint>(sqlite3_column_int64(stmt, column));
+    case FieldType::UInt16:
+        return static_cast<uint>(static_cast<quint16>(sqlite3_column_int64(stmt, column)));
+    case FieldType::Int16:
+        return static_cast<int>(static_cast<qint16>(sqlite3_column_int64(stmt, column)));
+    case FieldType::Bool:
+        return static_cast<int>(sqlite3_column_int64(stmt, column));
+    case FieldType::Double:
+        return sqlite3_column_double(stmt, column);
+    case FieldType::String: {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, column));
+        return QString::fromUtf8(text, sqlite3_column_bytes(stmt, column));
+    }
+    }
+    return {};
+}
+
+} // namespace
+
+CDataTable::CDataTable(const TableDef& definition)
+    : m_def(definition)
+{
+    ResetValues();
+}
+
+CDataTable::~CDataTable()
+{
+    Close();
+}
+
+CCeMount* CDataTable::GetMount()
+{
+    static CCeMount mount;
+    return &mount;
+}
+
+int CDataTable::Open()
+{
+    return Open(0);
+}
+
+int CDataTable::Open(const quint16& index)
+{
+    Close();
+    if (!GetMount()->IsMounted() || index >= m_def.sortOrders.size())
+        return 0;
+    m_sortKey = m_def.sortOrders[index];
+    m_open = true;
+    return 1;
+}
+
+void CDataTable::Close()
+{
+    m_open = false;
+    m_seeking = false;
+    m_seekValue.clear();
+    m_readPositions.clear();
+    m_snapshotIds.clear();
+    m_snapshotValues.clear();
+    m_cursor = 0;
+}
+
+void CDataTable::SetSeekValue(const CCeDBProp* value, const SeekType&)
+{
+    m_seeking = value && value->GetKind() != CCeDBProp::Empty;
+    m_seekValue = m_seeking ? value->GetValue() : QVariant();
+}
+
+void CDataTable::ApplyFilter(const std::vector<int>& positions)
+{
+    m_readPositions.clear();
+    for (int position : positions)
+        if (position >= 0 && position < static_cast<int>(m_def.fields.size()))
+            m_readPositions.push_back(position);
+}
+
+void CDataTable::ClearFilter()
+{
+    m_readPositions.clear();
+}
+
+void CDataTable::ResetValues()
+{
+    m_values.assign(m_def.fields.size(), QVariant());
+    for (size_t i = 0; i < m_def.fields.size(); ++i)
+        m_values[i] = DefaultFor(m_def.fields[i].type);
+    m_touched.assign(m_def.fields.size(), false);
+}
+
+void CDataTable::InitializeNewRecordPropArray()
+{
+}
+
+void CDataTable::SetValue(int position, const QVariant& value)
+{
+    m_values[position] = value;
+    m_touched[position] = true;
+}
+
+QByteArray CDataTable::ColumnList() const
+{
+    QByteArray list = "id";
+    auto append = [&](int position) {
+        list += ", ";
+        list += m_def.fields[position].name;
+    };
+    if (m_readPositions.empty()) {
+        for (size_t i = 0; i < m_def.fields.size(); ++i)
+            append(static_cast<int>(i));
+    } else {
+        for (int position : m_readPositions)
+            append(position);
+    }
+    return list;
+}
+
+int CDataTable::LoadSnapshot()
+{
+    m_snapshotIds.clear();
+    m_snapshotValues.clear();
+    m_cursor = 0;
+
+    QByteArray key = m_sortKey == RecordIdKey ? QByteArray("id") : QByteArray(m_def.fields[m_sortKey].name);
+    const bool textKey = m_sortKey != RecordIdKey && m_def.fields[m_sortKey].type == FieldType::String;
+    const QByteArray collate =
+        textKey ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation : QByteArray();
+
+    QByteArray sql = "SELECT " + ColumnList() + " FROM " + m_def.name;
+    if (m_seeking)
+        sql += " WHERE " + key + " = ?1" + collate;
+    sql += " ORDER BY " + key + collate;
+    if (m_sortKey != RecordIdKey)
+        sql += ", id";
+
+    sqlite3_stmt* stmt = GetMount()->Statement(sql);
+    if (!stmt)
+        return 0;
+    if (m_seeking) {
+        const FieldType keyType = m_sortKey == RecordIdKey ? FieldType::UInt32 : m_def.fields[m_sortKey].type;
+        Bind(stmt, 1, keyType, m_seekValue);
+    }
+
+    std::vector<int> positions = m_readPositions;
+    if (positions.empty())
+        for (size_t i = 0; i < m_def.fields.size(); ++i)
+            positions.push_back(static_cast<int>(i));
+
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        m_snapshotIds.push_back(static_cast<quint32>(sqlite3_column_int64(stmt, 0)));
+        std::vector<QVariant> row(positions.size());
+        for (size_t c = 0; c < positions.size(); ++c)
+            row[c] = Column(stmt, static_cast<int>(c) + 1, m_def.fields[positions[c]].type);
+        m_snapshotValues.push_back(std::move(row));
+    }
+    sqlite3_reset(stmt);
+    return 1;
+}
+
+void CDataTable::LoadRow(size_t row)
+{
+    ResetValues();
+    m_isNew = false;
+    m_recordId = m_snapshotIds[row];
+    const auto& values = m_snapshotValues[row];
+    for (size_t c = 0; c < values.size(); ++c) {
+        const int position = m_readPositions.empty() ? static_cast<int>(c) : m_readPositions[c];
+        m_values[position] = values[c];
+        m_touched[position] = true;
+    }
+}
+
+int CDataTable::MoveFirst(int)
+{
+    if (!m_open || !LoadSnapshot() || m_snapshotIds.empty())
+        return 0;
+    LoadRow(0);
+    return 1;
+}
+
+int CDataTable::MoveNext(int)
+{
+    if (!m_open || m_cursor + 1 >= m_snapshotIds.size())
+        return 0;
+    ++m_cursor;
+    LoadRow(m_cursor);
+    return 1;
+}
+
+bool CDataTable::ReadRecord(quint32 id)
+{
+    sqlite3_stmt* stmt = GetMount()->Statement("SELECT " + ColumnList() + " FROM " + m_def.name +
+                                               " WHERE id = ?1");
+    if (!stmt)
+        return false;
+    sqlite3_bind_int64(stmt, 1, id);
+    const bool found = sqlite3_step(stmt) == SQLITE_ROW;
+    if (found) {
+        ResetValues();
+        m_isNew = false;
+        m_recordId = id;
+        const int columns = sqlite3_column_count(stmt) - 1;
+        for (int c = 0; c < columns; ++c) {
+            const int position = m_readPositions.empty() ? c : m_readPositions[c];
+            m_values[position] = Column(stmt, c + 1, m_def.fields[position].type);
+            m_touched[position] = true;
+        }
+    }
+    sqlite3_reset(stmt);
+    return found;
+}
+
+int CDataTable::MoveToRecord(const quint32& id)
+{
+    if (!m_open || id == 0)
+        return 0;
+    return ReadRecord(id) ? 1 : 0;
+}
+
+int CDataTable::NewRecord(quint32)
+{
+    if (!m_open)
+        return 0;
+    ResetValues();
+    InitializeNewRecordPropArray();
+    m_touched.assign(m_def.fields.size(), true);
+    m_recordId = 0;
+    m_isNew = true;
+    return 1;
+}
+
+int CDataTable::UpdateRecord()
+{
+    if (!m_open)
+        return 0;
+    CCeMount* mount = GetMount();
+    if (m_isNew) {
+        const quint32 id = mount->AllocateRecordId();
+        if (id == 0)
+            return 0;
+        QByteArray columns = "id";
+        QByteArray params = "?1";
+        for (size_t i = 0; i < m_def.fields.size(); ++i) {
+            columns += QByteArray(", ") + m_def.fields[i].name;
+            params += ", ?" + QByteArray::number(static_cast<int>(i) + 2);
+        }
+        sqlite3_stmt* stmt = mount->Statement("INSERT INTO " + QByteArray(m_def.name) + " (" +
+                                              columns + ") VALUES (" + params + ")");
+        if (!stmt)
+            return 0;
+        sqlite3_bind_int64(stmt, 1, id);
+        for (size_t i = 0; i < m_def.fields.size(); ++i)
+            Bind(stmt, static_cast<int>(i) + 2, m_def.fields[i].type, m_values[i]);
+        const bool ok = sqlite3_step(stmt) == SQLITE_DONE;
+        sqlite3_reset(stmt);
+        if (!ok)
+            return 0;
+        m_recordId = id;
+        m_isNew = false;
+        return 1;
+    }
+
+    if (m_recordId == 0)
+        return 0;
+    QByteArray assignments;
+    std::vector<int> written;
+    for (size_t i = 0; i < m_def.fields.size(); ++i) {
+        if (!m_touched[i])
+            continue;
+        if (!assignments.isEmpty())
+            assignments += ", ";
+        written.push_back(static_cast<int>(i));
+        assignments += QByteArray(m_def.fields[i].name) + " = ?" +
+                       QByteArray::number(static_cast<int>(written.size()) + 1);
+    }
+    if (written.empty())
+        return 1;
+    sqlite3_stmt* stmt = mount->Statement("UPDATE " + QByteArray(m_def.name) + " SET " +
+                                          assignments + " WHERE id = ?1");
+    if (!stmt)
+        return 0;
+    sqlite3_bind_int64(stmt, 1, m_recordId);
+    for (size_t w = 0; w < written.size(); ++w)
+        Bind(stmt, static_cast<int>(w) + 2, m_def.fields[written[w]].type, m_values[written[w]]);
+    const bool ok = sqlite3_step(stmt) == SQLITE_DONE && sqlite3_changes(mount->Handle()) > 0;
+    sqlite3_reset(stmt);
+    return ok ? 1 : 0;
+}
+
+int CDataTable::DeleteRecord(int)
+{
+    if (!m_open || m_isNew || m_recordId == 0)
+        return 0;
+    CCeMount* mount = GetMount();
+    sqlite3_stmt* stmt = mount->Statement("DELETE FROM " + QByteArray(m_def.name) + " WHERE id = ?1");
+    if (!stmt)
+        return 0;
+    sqlite3_bind_int64(stmt, 1, m_recordId);
+    const bool ok = sqlite3_step(stmt) == SQLITE_DONE && sqlite3_changes(mount->Handle()) > 0;
+    sqlite3_reset(stmt);
+    return ok ? 1 : 0;
+}
+
+quint16 CDataTable::GetRecordCount() const
+{
+    sqlite3_stmt* stmt = GetMount()->Statement("SELECT count(*) FROM " + QByteArray(m_def.name));
+    if (!stmt)
+        return 0;
+    quint16 count = 0;
+    if (sqlite3_step(stmt) == SQLITE_ROW)
+        count = static_cast<quint16>(std::min<sqlite3_int64>(sqlite3_column_int64(stmt, 0), 0xFFFF));
+    sqlite3_reset(stmt);
+    return count;
+}

@@ -1,0 +1,234 @@
+#include "Database.h"
+
+#include "AppStateTable.h"
+#include "CeMount.h"
+#include "GPAInfoTable.h"
+#include "GradeScaleTable.h"
+#include "Schema.h"
+#include "Transaction.h"
+#include "ViewTabTable.h"
+#include "res/strings/StoreStrings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSet>
+#include <QStandardPaths>
+
+#include <sqlite3.h>
+
+namespace {
+
+QString g_databasePath;
+
+const char* SqlType(FieldType type)
+{
+    switch (type) {
+    case FieldType::Double:
+        return "REAL NOT NULL DEFAULT 0";
+    case FieldType::String:
+        return "TEXT NOT NULL DEFAULT ''";
+    default:
+        return "INTEGER NOT NULL DEFAULT 0";
+    }
+}
+
+qint64 Scalar(CCeMount* mount, const QByteArray& sql)
+{
+    sqlite3_stmt* stmt = mount->Statement(sql);
+    if (!stmt)
+        return -1;
+    const qint64 value = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : -1;
+    sqlite3_reset(stmt);
+    return value;
+}
+
+QSet<QByteArray> ExistingColumns(CCeMount* mount, const char* table)
+{
+    QSet<QByteArray> columns;
+    sqlite3_stmt* stmt = nullptr;
+    const QByteArray sql = "PRAGMA table_info(" + QByteArray(table) + ")";
+    if (sqlite3_prepare_v2(mount->Handle(), sql.constData(), -1, &stmt, nullptr) == SQLITE_OK)
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            columns.insert(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1)));
+    sqlite3_finalize(stmt);
+    return columns;
+}
+
+bool CreateTable(CCeMount* mount, const TableDef& def)
+{
+    QByteArray sql = "CREATE TABLE IF NOT EXISTS " + QByteArray(def.name) + " (id INTEGER PRIMARY KEY";
+    for (const FieldDef& field : def.fields)
+        sql += QByteArray(", ") + field.name + " " + SqlType(field.type);
+    sql += ")";
+    if (!mount->Execute(sql))
+        return false;
+
+    // A file from an older Brindle may lack newer properties.
+    const QSet<QByteArray> existing = ExistingColumns(mount, def.name);
+    for (const FieldDef& field : def.fields)
+        if (!existing.contains(field.name) &&
+            !mount->Execute("ALTER TABLE " + QByteArray(def.name) + " ADD COLUMN " + field.name +
+                            " " + SqlType(field.type)))
+            return false;
+
+    QSet<int> made;
+    for (int key : def.sortOrders) {
+        if (key == RecordIdKey || made.contains(key))
+            continue;
+        made.insert(key);
+        const FieldDef& field = def.fields[key];
+        const QByteArray collate = field.type == FieldType::String
+                                       ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation
+                                       : QByteArray();
+        if (!mount->Execute("CREATE INDEX IF NOT EXISTS " + QByteArray(def.name) + "_by_" + field.name +
+                            " ON " + def.name + " (" + field.name + collate + ", id)"))
+            return false;
+    }
+    return true;
+}
+
+bool CreateRecordIdSequence(CCeMount* mount)
+{
+    if (!mount->Execute("CREATE TABLE IF NOT EXISTS RecordIdSequence (LastId INTEGER NOT NULL)"))
+        return false;
+    if (Scalar(mount, "SELECT count(*) FROM RecordIdSequence") > 0)
+        return true;
+    // Start past every id already in the file, so that none is handed out twice.
+    QByteArray maxSql = "SELECT max(0";
+    for (const TableDef* def : BrindleSchema::AllTables())
+        maxSql += ", (SELECT coalesce(max(id), 0) FROM " + QByteArray(def->name) + ")";
+    maxSql += ")";
+    return mount->Execute("INSERT INTO RecordIdSequence (LastId) VALUES (" +
+                          QByteArray::number(Scalar(mount, maxSql)) + ")");
+}
+
+// ShowGPAWithHours and WeightedByCourseHours are one setting kept in two
+// records; whichever is written, the other follows.
+bool CreateGpaFlagTriggers(CCeMount* mount)
+{
+    return mount->Execute(
+               "CREATE TRIGGER IF NOT EXISTS AppStateGpaFlag AFTER UPDATE OF ShowGPAWithHours ON AppState "
+               "BEGIN UPDATE GPAInfo SET WeightedByCourseHours = NEW.ShowGPAWithHours "
+               "WHERE WeightedByCourseHours IS NOT NEW.ShowGPAWithHours; END") &&
+           mount->Execute(
+               "CREATE TRIGGER IF NOT EXISTS GpaInfoGpaFlag AFTER UPDATE OF WeightedByCourseHours ON GPAInfo "
+               "BEGIN UPDATE AppState SET ShowGPAWithHours = NEW.WeightedByCourseHours "
+               "WHERE ShowGPAWithHours IS NOT NEW.WeightedByCourseHours; END") &&
+           mount->Execute(
+               "CREATE TRIGGER IF NOT EXISTS GpaInfoGpaFlagNew AFTER INSERT ON GPAInfo "
+               "BEGIN UPDATE GPAInfo SET WeightedByCourseHours = "
+               "coalesce((SELECT ShowGPAWithHours FROM AppState ORDER BY id LIMIT 1), 0) "
+               "WHERE id = NEW.id; END");
+}
+
+bool WriteDefaultRecords(bool brandNew)
+{
+    CAppStateTable state;
+    if (!state.Open())
+        return false;
+    if (state.GetRecordCount() == 0 && !(state.NewRecord(0) && state.UpdateRecord()))
+        return false;
+    state.Close();
+
+    CGPAInfoTable gpa;
+    if (!gpa.Open())
+        return false;
+    if (gpa.GetRecordCount() == 0 && !(gpa.NewRecord(0) && gpa.UpdateRecord()))
+        return false;
+    gpa.Close();
+
+    CViewTabTable tabs;
+    if (!tabs.Open())
+        return false;
+    if (tabs.GetRecordCount() == 0) {
+        const struct
+        {
+            CViewTabTable::ViewTabIDs id;
+            QString text;
+        } defaults[] = {{CViewTabTable::CwTypeTab, StoreStrings::TabCwType()},
+                        {CViewTabTable::PastDueTab, StoreStrings::TabPastDue()},
+                        {CViewTabTable::CourseWeekTab, StoreStrings::TabCourseWeek()},
+                        {CViewTabTable::DueByTab, StoreStrings::TabDueBy()}};
+        qint16 order = 0;
+        for (const auto& tab : defaults) {
+            tabs.NewRecord(0);
+            tabs.SetViewTabID(tab.id);
+            tabs.SetTabText(tab.text);
+            tabs.SetIsVisible(1);
+            tabs.SetTabOrder(order++);
+            if (!tabs.UpdateRecord())
+                return false;
+        }
+    }
+    tabs.Close();
+
+    if (brandNew) {
+        CGradeScaleTable scale;
+        if (!scale.Open())
+            return false;
+        if (scale.GetRecordCount() == 0) {
+            const struct
+            {
+                const char* name;
+                double points;
+            } grades[] = {{"A", 4.0}, {"B", 3.0}, {"C", 2.0}, {"D", 1.0}};
+            quint16 grade = 0;
+            for (const auto& entry : grades) {
+                scale.NewRecord(0);
+                scale.SetGrade(grade++);
+                scale.SetGradeName(QString::fromLatin1(entry.name));
+                scale.SetGradePoints(entry.points);
+                if (!scale.UpdateRecord())
+                    return false;
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+QString GetInstallationPath()
+{
+    const QString fromEnvironment = qEnvironmentVariable("BRINDLE_INSTALL_DIR");
+    if (!fromEnvironment.isEmpty())
+        return QDir::cleanPath(fromEnvironment);
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brindle"));
+}
+
+void SetDatabasePath(const QString& path)
+{
+    g_databasePath = path;
+}
+
+QString GetDatabasePath()
+{
+    if (!g_databasePath.isEmpty())
+        return g_databasePath;
+    const QString fromEnvironment = qEnvironmentVariable("BRINDLE_DATABASE");
+    if (!fromEnvironment.isEmpty())
+        return fromEnvironment;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QDir().mkpath(folder);
+    return folder + QStringLiteral("/Brindle.db");
+}
+
+int CreateDatabase()
+{
+    CCeMount* mount = CDataTable::GetMount();
+    if (!mount->IsMounted() && !mount->MountPath(GetDatabasePath()))
+        return 0;
+
+    CTransaction transaction;
+    const bool brandNew = Scalar(mount, "PRAGMA application_id") != BrindleSchema::ApplicationId;
+    for (const TableDef* def : BrindleSchema::AllTables())
+        if (!CreateTable(mount, *def))
+            return 0;
+    if (!CreateRecordIdSequence(mount) || !CreateGpaFlagTriggers(mount) ||
+        !WriteDefaultRecords(brandNew))
+        return 0;
+    if (!mount->Execute("PRAGMA application_id = " + QByteArray::number(BrindleSchema::ApplicationId)) ||
+        !mount->Execute("PRAGMA user_version = " + QByteArray::number(BrindleSchema::Version)))
+        return 0;
+    return transaction.Commit();
+}

@@ -1,0 +1,8 @@
+#include "GPAInfoTable.h"
+
+#include "Schema.h"
+
+CGPAInfoTable::CGPAInfoTable()
+    : CDataTable(BrindleSchema::GPAInfo)
+{
+}

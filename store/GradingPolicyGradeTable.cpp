@@ -1,0 +1,8 @@
+#include "GradingPolicyGradeTable.h"
+
+#include "Schema.h"
+
+CGradingPolicyGradeTable::CGradingPolicyGradeTable()
+    : CDataTable(BrindleSchema::GradingPolicyGrade)
+{
+}

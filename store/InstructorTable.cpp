@@ -1,0 +1,8 @@
+#include "InstructorTable.h"
+
+#include "Schema.h"
+
+CInstructorTable::CInstructorTable()
+    : CDataTable(BrindleSchema::Instructor)
+{
+}

@@ -1,0 +1,8 @@
+#include "OutlookTable.h"
+
+#include "Schema.h"
+
+COutlookTable::COutlookTable()
+    : CDataTable(BrindleSchema::OutlookLink)
+{
+}

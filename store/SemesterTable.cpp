@@ -1,0 +1,8 @@
+#include "SemesterTable.h"
+
+#include "Schema.h"
+
+CSemesterTable::CSemesterTable()
+    : CDataTable(BrindleSchema::Semester)
+{
+}

@@ -1,0 +1,8 @@
+#include "TextbookOrderTable.h"
+
+#include "Schema.h"
+
+CTextbookOrderTable::CTextbookOrderTable()
+    : CDataTable(BrindleSchema::TextbookOrder)
+{
+}

@@ -1,0 +1,8 @@
+#include "TextbookTable.h"
+
+#include "Schema.h"
+
+CTextbookTable::CTextbookTable()
+    : CDataTable(BrindleSchema::Textbook)
+{
+}

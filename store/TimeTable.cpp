@@ -1,0 +1,8 @@
+#include "TimeTable.h"
+
+#include "Schema.h"
+
+CTimeTable::CTimeTable()
+    : CDataTable(BrindleSchema::Time)
+{
+}

@@ -1,0 +1,8 @@
+#include "ViewTabTable.h"
+
+#include "Schema.h"
+
+CViewTabTable::CViewTabTable()
+    : CDataTable(BrindleSchema::ViewTab)
+{
+}
