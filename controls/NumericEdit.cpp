@@ -1,0 +1,52 @@
+#include "NumericEdit.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+
+CNumericEdit::CNumericEdit(QWidget* parent)
+    : QLineEdit(parent)
+{
+    setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+    UpdateValidator();
+}
+
+void CNumericEdit::SetWholeNumbers(bool wholeNumbers)
+{
+    m_wholeNumbers = wholeNumbers;
+    setInputMethodHints(wholeNumbers ? Qt::ImhDigitsOnly : Qt::ImhFormattedNumbersOnly);
+    UpdateValidator();
+}
+
+void CNumericEdit::UpdateValidator()
+{
+    QString pattern = QStringLiteral("-?\\d*");
+    if (!m_wholeNumbers) {
+        const QString separator = QRegularExpression::escape(QLocale().decimalPoint());
+        pattern += QStringLiteral("([.%1]\\d*)?").arg(separator);
+    }
+    setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), this));
+}
+
+double CNumericEdit::Value() const
+{
+    const QString shown = text().trimmed();
+    if (shown.isEmpty() || shown == QLatin1String("-"))
+        return EmptyValue;
+    bool ok = false;
+    double value = QLocale().toDouble(shown, &ok);
+    if (!ok)
+        value = QLocale::c().toDouble(shown, &ok);
+    return ok ? value : EmptyValue;
+}
+
+void CNumericEdit::SetValue(double value)
+{
+    if (value == EmptyValue) {
+        clear();
+        return;
+    }
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    setText(locale.toString(value, 'g', 15));
+}
