@@ -1,0 +1,21 @@
+#include "DialogRunner.h"
+
+namespace DialogRunner {
+
+namespace {
+Hook g_hook;
+}
+
+int Run(QDialog& dialog)
+{
+    if (g_hook)
+        return g_hook(dialog);
+    return dialog.exec();
+}
+
+void SetHook(Hook hook)
+{
+    g_hook = std::move(hook);
+}
+
+} // namespace DialogRunner
