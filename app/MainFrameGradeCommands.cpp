@@ -1,7 +1,58 @@
 #include "MainFrame.h"
 
+#include "BrindleData.h"
+#include "controls/DialogRunner.h"
+#include "grading/PredictionStore.h"
+#include "grading/dialogs/GradePredictionDlg.h"
+#include "grading/dialogs/InstitutionDlg.h"
+#include "grading/dialogs/ProgressReportDlg.h"
+#include "grading/dialogs/ReportCardDlg.h"
+
 // Grade prediction options, institution and grade scales, report card and
 // progress report.
 void CMainFrame::WireGradeCommands()
 {
+    Connect(m_predictionOptions, [this] {
+        GradePredictionDlg dialog(this);
+        if (DialogRunner::Run(dialog) != QDialog::Accepted)
+            return;
+        RefreshGradeBar();
+        RefreshList();
+    });
+
+    Connect(m_institution, [this] {
+        InstitutionDlg dialog(this);
+        if (DialogRunner::Run(dialog) != QDialog::Accepted)
+            return;
+        // Only the GPA shown under All Courses depends on the scale and past
+        // hours; a course's grade bar does not.
+        if (CAppStateTable::Instance().GetCurrentCourseID() == AllCoursesID)
+            RefreshGradeBar();
+    });
+
+    // The reports write nothing, but the view is brought up to date after
+    // them just as after adding coursework.
+    auto refreshAfterReport = [this] {
+        if (CAppStateTable::Instance().GetCurrentSemesterID() != WorkingSemesterID ||
+            CPredictionStore::Instance().IsActive())
+            return;
+        RefreshLayout();
+        RefreshList();
+        RefreshGradeBar();
+    };
+
+    Connect(m_reportCard, [this, refreshAfterReport] {
+        ReportCardDlg dialog(this);
+        if (DialogRunner::Run(dialog) == QDialog::Accepted)
+            refreshAfterReport();
+    });
+
+    Connect(m_progressReport, [this, refreshAfterReport] {
+        const quint32 courseId = CAppStateTable::Instance().GetCurrentCourseID();
+        if (courseId == AllCoursesID)
+            return;
+        ProgressReportDlg dialog(courseId, this);
+        if (DialogRunner::Run(dialog) == QDialog::Accepted)
+            refreshAfterReport();
+    });
 }

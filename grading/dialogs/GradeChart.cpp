@@ -1,0 +1,192 @@
+#include "GradeChart.h"
+
+#include "grading/GradeText.h"
+#include "res/strings/ReportStrings.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Light band colours from the best grade down; they repeat on long scales.
+const QColor BandColors[] = {QColor(0xd7, 0xf0, 0xd8), QColor(0xe4, 0xf2, 0xc6),
+                             QColor(0xfb, 0xf0, 0xc0), QColor(0xfd, 0xdf, 0xbf),
+                             QColor(0xf9, 0xcd, 0xc8)};
+const QColor BarColor(0x1e, 0x63, 0xb0);
+
+} // namespace
+
+GradeChart::GradeChart(QWidget* parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("gradeChart"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+}
+
+void GradeChart::SetCourses(std::vector<Course> courses)
+{
+    m_courses = std::move(courses);
+    ComputeScale();
+    updateGeometry();
+    update();
+}
+
+void GradeChart::ComputeScale()
+{
+    double low = 100.0;
+    double high = 100.0;
+    for (const Course& course : m_courses) {
+        if (course.fraction >= 0.0 && std::isfinite(course.fraction)) {
+            low = std::min(low, course.fraction * 100.0);
+            high = std::max(high, course.fraction * 100.0);
+        }
+        for (const Band& band : course.bands)
+            low = std::min(low, band.minimum);
+    }
+    // Room for the lowest band below its minimum, in steps of ten.
+    m_low = std::clamp(std::floor((low - 5.0) / 10.0) * 10.0, 0.0, 90.0);
+    m_high = std::ceil(high / 10.0) * 10.0;
+}
+
+int GradeChart::RowHeight() const
+{
+    return fontMetrics().height() * 2;
+}
+
+int GradeChart::NameWidth() const
+{
+    int width = fontMetrics().height() * 4;
+    for (const Course& course : m_courses)
+        width = std::max(width, fontMetrics().horizontalAdvance(course.name));
+    return std::min(width, fontMetrics().height() * 9);
+}
+
+QSize GradeChart::sizeHint() const
+{
+    const int line = fontMetrics().height();
+    const int rows = std::max<int>(1, static_cast<int>(m_courses.size()));
+    return {line * 24, rows * RowHeight() + line * 2};
+}
+
+QSize GradeChart::minimumSizeHint() const
+{
+    const int line = fontMetrics().height();
+    return {line * 14, RowHeight() + line * 2};
+}
+
+double GradeChart::XOf(const QRect& track, double percent) const
+{
+    const double clamped = std::clamp(percent, m_low, m_high);
+    return track.left() + (clamped - m_low) / (m_high - m_low) * track.width();
+}
+
+void GradeChart::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const int line = fontMetrics().height();
+    const QRect area = rect().adjusted(line / 2, line / 4, -line, -line / 4);
+
+    if (m_courses.empty()) {
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(area, Qt::AlignCenter, ReportStrings::ChartNoCourses());
+        return;
+    }
+
+    const int nameWidth = NameWidth();
+    const int gap = line / 2;
+    const int axisHeight = line + line / 2;
+    const int rowHeight = RowHeight();
+    int top = area.top();
+    for (const Course& course : m_courses) {
+        const QRect name(area.left(), top, nameWidth, rowHeight);
+        const QRect track(area.left() + nameWidth + gap, top + rowHeight / 8,
+                          area.width() - nameWidth - gap, rowHeight - rowHeight / 4);
+        PaintRow(painter, course, track, name);
+        top += rowHeight;
+    }
+    PaintAxis(painter, QRect(area.left() + nameWidth + gap, top, area.width() - nameWidth - gap,
+                             axisHeight));
+}
+
+void GradeChart::PaintRow(QPainter& painter, const Course& course, const QRect& track,
+                          const QRect& name) const
+{
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QString elided = fontMetrics().elidedText(course.name, Qt::ElideRight, name.width());
+    painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter, elided);
+
+    // Grade bands: from each minimum up to the next better grade's minimum.
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.8);
+    painter.setFont(small);
+    const QFontMetrics smallMetrics(small);
+    double upper = m_high;
+    for (size_t i = 0; i < course.bands.size(); ++i) {
+        const Band& band = course.bands[i];
+        const double left = XOf(track, band.minimum);
+        const double right = XOf(track, upper);
+        if (right > left) {
+            const QRectF bandRect(left, track.top(), right - left, track.height());
+            painter.fillRect(bandRect, BandColors[i % std::size(BandColors)]);
+            if (smallMetrics.horizontalAdvance(band.gradeName) + 4 < bandRect.width()) {
+                painter.setPen(palette().color(QPalette::PlaceholderText));
+                painter.drawText(bandRect.adjusted(2, 1, -2, -1), Qt::AlignLeft | Qt::AlignTop,
+                                 band.gradeName);
+            }
+        }
+        upper = std::min(upper, band.minimum);
+    }
+    painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(track).adjusted(0.5, 0.5, -0.5, -0.5));
+
+    // The current percent: a bar in the lower half of the track.
+    painter.setFont(font());
+    if (course.fraction < 0.0 || !std::isfinite(course.fraction)) {
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(track.adjusted(fontMetrics().height() / 3, 0, 0, 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, ReportStrings::ChartNoScore());
+        return;
+    }
+    const double x = XOf(track, course.fraction * 100.0);
+    const QRectF bar(track.left(), track.top() + track.height() * 0.5, x - track.left(),
+                     track.height() * 0.4);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(BarColor);
+    painter.drawRoundedRect(bar, 2, 2);
+    painter.fillRect(QRectF(x - 1, track.top(), 2, track.height()), BarColor);
+
+    const QString text =
+        ReportStrings::Percent(GradeText::NumberToText(GradeText::PercentOf(course.fraction)));
+    const int textWidth = painter.fontMetrics().horizontalAdvance(text);
+    const bool inside = x - track.left() > textWidth + 6;
+    const QRectF textRect =
+        inside ? QRectF(track.left(), bar.top() - 1, x - track.left() - 4, bar.height() + 2)
+               : QRectF(x + 4, bar.top() - 1, textWidth + 2, bar.height() + 2);
+    QFont bold = font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 0.8);
+    painter.setFont(bold);
+    painter.setPen(inside ? QColor(Qt::white) : BarColor);
+    painter.drawText(textRect, (inside ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, text);
+    painter.setFont(font());
+}
+
+void GradeChart::PaintAxis(QPainter& painter, const QRect& area) const
+{
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawLine(area.topLeft(), area.topRight());
+    const double span = m_high - m_low;
+    const double step = span > 60.0 ? 20.0 : 10.0;
+    for (double value = m_low; value <= m_high + 0.001; value += step) {
+        const double x = XOf(area, value);
+        painter.drawLine(QPointF(x, area.top()), QPointF(x, area.top() + 4));
+        const QString label = GradeText::NumberToText(value);
+        const int width = fontMetrics().horizontalAdvance(label);
+        painter.drawText(QRectF(x - width, area.top() + 4, width * 2, area.height() - 4),
+                         Qt::AlignHCenter | Qt::AlignTop, label);
+    }
+}
