@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CAppStateTable::CAppStateTable()
-    : CDataTable(BrindleSchema::AppState)
-{
-}
+CAppStateTable::CAppStateTable() : CDataTable(BrindleSchema::AppState) {}
 
 #include "CeMount.h"
 #include "DateEncoding.h"
@@ -26,12 +23,13 @@ void CAppStateTable::InitializeNewRecordPropArray()
 
 int CAppStateTable::GetShowGPAWithHours() const
 {
-    sqlite3_stmt* stmt = GetMount()->Statement("SELECT ShowGPAWithHours FROM AppState WHERE id = ?1");
+    sqlite3_stmt* stmt =
+        GetMount()->Statement("SELECT ShowGPAWithHours FROM AppState WHERE id = ?1");
     if (!stmt)
         return BoolAt(PropShowGPAWithHours);
     sqlite3_bind_int64(stmt, 1, GetRecordID());
     const int value = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int(stmt, 0)
-                                                        : BoolAt(PropShowGPAWithHours);
+                                                       : BoolAt(PropShowGPAWithHours);
     sqlite3_reset(stmt);
     return value;
 }

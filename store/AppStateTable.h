@@ -22,11 +22,23 @@ public:
     CAppStateTable();
 
     quint32 GetCurrentSemesterID() const { return UInt32At(PropCurrentSemesterID); }
-    void SetCurrentSemesterID(quint32 value) { SetValue(PropCurrentSemesterID, static_cast<uint>(value)); }
+    void SetCurrentSemesterID(quint32 value)
+    {
+        SetValue(PropCurrentSemesterID, static_cast<uint>(value));
+    }
     quint32 GetCurrentCourseID() const { return UInt32At(PropCurrentCourseID); }
-    void SetCurrentCourseID(quint32 value) { SetValue(PropCurrentCourseID, static_cast<uint>(value)); }
-    CViewTabTable::ViewTabIDs GetCurrentTabID() const { return static_cast<CViewTabTable::ViewTabIDs>(UInt32At(PropCurrentTabID)); }
-    void SetCurrentTabID(CViewTabTable::ViewTabIDs value) { SetValue(PropCurrentTabID, static_cast<uint>(value)); }
+    void SetCurrentCourseID(quint32 value)
+    {
+        SetValue(PropCurrentCourseID, static_cast<uint>(value));
+    }
+    CViewTabTable::ViewTabIDs GetCurrentTabID() const
+    {
+        return static_cast<CViewTabTable::ViewTabIDs>(UInt32At(PropCurrentTabID));
+    }
+    void SetCurrentTabID(CViewTabTable::ViewTabIDs value)
+    {
+        SetValue(PropCurrentTabID, static_cast<uint>(value));
+    }
     double GetViewTabDueBy() const { return DoubleAt(PropViewTabDueBy); }
     void SetViewTabDueBy(double value) { SetValue(PropViewTabDueBy, value); }
     quint32 GetViewTabCwType() const { return UInt32At(PropViewTabCwType); }

@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CBuildingTable::CBuildingTable()
-    : CDataTable(BrindleSchema::Building)
-{
-}
+CBuildingTable::CBuildingTable() : CDataTable(BrindleSchema::Building) {}
 
 QString CBuildingTable::GetBuildingNameFromID(quint32 id)
 {

@@ -14,9 +14,21 @@ public:
     explicit CCeDBProp(quint32 value) { SetUInt32(value); }
     explicit CCeDBProp(const QString& value) { SetString(value); }
 
-    void SetUInt32(quint32 value) { m_kind = UInt32; m_value = value; }
-    void SetUInt16(quint16 value) { m_kind = UInt16; m_value = static_cast<uint>(value); }
-    void SetString(const QString& value) { m_kind = String; m_value = value; }
+    void SetUInt32(quint32 value)
+    {
+        m_kind = UInt32;
+        m_value = value;
+    }
+    void SetUInt16(quint16 value)
+    {
+        m_kind = UInt16;
+        m_value = static_cast<uint>(value);
+    }
+    void SetString(const QString& value)
+    {
+        m_kind = String;
+        m_value = value;
+    }
 
     Kind GetKind() const { return m_kind; }
     const QVariant& GetValue() const { return m_value; }

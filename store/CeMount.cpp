@@ -81,8 +81,8 @@ bool CCeMount::CheckExistingFile(const QString& path)
     const QByteArray check = scalar("PRAGMA quick_check", &ok);
     bool good = true;
     if (!ok || check != "ok") {
-        m_lastError = StoreStrings::DamagedDatabase(path, ok ? QString::fromUtf8(check)
-                                                            : SqliteMessage(db));
+        m_lastError =
+            StoreStrings::DamagedDatabase(path, ok ? QString::fromUtf8(check) : SqliteMessage(db));
         good = false;
     }
     if (good) {

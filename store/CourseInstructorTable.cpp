@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CCourseInstructorTable::CCourseInstructorTable()
-    : CDataTable(BrindleSchema::CourseInstructor)
-{
-}
+CCourseInstructorTable::CCourseInstructorTable() : CDataTable(BrindleSchema::CourseInstructor) {}

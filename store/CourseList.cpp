@@ -21,7 +21,8 @@ std::vector<quint32> GetSemesterCourses(qint64 semesterId)
         const CCeDBProp key(semester);
         table.SetSeekValue(&key, CDataTable::SeekValueEqual);
         for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-            entries.push_back({table.GetCourseID(), static_cast<qint16>(table.GetCoursePosition())});
+            entries.push_back(
+                {table.GetCourseID(), static_cast<qint16>(table.GetCoursePosition())});
         table.Close();
     }
     std::stable_sort(entries.begin(), entries.end(),

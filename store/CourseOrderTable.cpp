@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CCourseOrderTable::CCourseOrderTable()
-    : CDataTable(BrindleSchema::CourseOrder)
-{
-}
+CCourseOrderTable::CCourseOrderTable() : CDataTable(BrindleSchema::CourseOrder) {}

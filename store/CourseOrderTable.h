@@ -21,5 +21,8 @@ public:
     quint32 GetCourseID() const { return UInt32At(PropCourseID); }
     void SetCourseID(quint32 value) { SetValue(PropCourseID, static_cast<uint>(value)); }
     quint16 GetCoursePosition() const { return UInt16At(PropCoursePosition); }
-    void SetCoursePosition(quint16 value) { SetValue(PropCoursePosition, static_cast<uint>(value)); }
+    void SetCoursePosition(quint16 value)
+    {
+        SetValue(PropCoursePosition, static_cast<uint>(value));
+    }
 };

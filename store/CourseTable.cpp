@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CCourseTable::CCourseTable()
-    : CDataTable(BrindleSchema::Course)
-{
-}
+CCourseTable::CCourseTable() : CDataTable(BrindleSchema::Course) {}
 
 void CCourseTable::InitializeNewRecordPropArray()
 {

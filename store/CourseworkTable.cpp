@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CCourseworkTable::CCourseworkTable()
-    : CDataTable(BrindleSchema::Coursework)
-{
-}
+CCourseworkTable::CCourseworkTable() : CDataTable(BrindleSchema::Coursework) {}
 
 void CCourseworkTable::InitializeNewRecordPropArray()
 {

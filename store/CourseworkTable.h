@@ -4,7 +4,8 @@
 
 // Coursework items. Score and Possible are -1.0 when not given; Completed is a percentage.
 //
-// Sort orders: 0 CourseID, 1 CourseID, 2 TextbookID, 3 DueDate, 4 CourseworkName, 5 Completed, 6 record id, 7 CwTypeID.
+// Sort orders: 0 CourseID, 1 CourseID, 2 TextbookID, 3 DueDate, 4 CourseworkName, 5 Completed, 6
+// record id, 7 CwTypeID.
 class CCourseworkTable : public CDataTable
 {
 public:

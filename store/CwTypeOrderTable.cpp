@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CCwTypeOrderTable::CCwTypeOrderTable()
-    : CDataTable(BrindleSchema::CwTypeOrder)
-{
-}
+CCwTypeOrderTable::CCwTypeOrderTable() : CDataTable(BrindleSchema::CwTypeOrder) {}

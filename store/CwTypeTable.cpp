@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CCwTypeTable::CCwTypeTable()
-    : CDataTable(BrindleSchema::CwType)
-{
-}
+CCwTypeTable::CCwTypeTable() : CDataTable(BrindleSchema::CwType) {}
 
 QString CCwTypeTable::GetCwTypeNameFromID(quint32 id)
 {

@@ -69,8 +69,7 @@ QVariant Column(sqlite3_stmt* stmt, int column, FieldType type)
 
 } // namespace
 
-CDataTable::CDataTable(const TableDef& definition)
-    : m_def(definition)
+CDataTable::CDataTable(const TableDef& definition) : m_def(definition)
 {
     ResetValues();
 }
@@ -136,17 +135,15 @@ void CDataTable::ResetValues()
     m_values.assign(m_def.fields.size(), QVariant());
     for (size_t i = 0; i < m_def.fields.size(); ++i)
         m_values[i] = DefaultFor(m_def.fields[i].type);
-    m_touched.assign(m_def.fields.size(), false);
+    m_dirty.assign(m_def.fields.size(), false);
 }
 
-void CDataTable::InitializeNewRecordPropArray()
-{
-}
+void CDataTable::InitializeNewRecordPropArray() {}
 
 void CDataTable::SetValue(int position, const QVariant& value)
 {
     m_values[position] = value;
-    m_touched[position] = true;
+    m_dirty[position] = true;
 }
 
 QByteArray CDataTable::ColumnList() const
@@ -172,8 +169,10 @@ int CDataTable::LoadSnapshot()
     m_snapshotValues.clear();
     m_cursor = 0;
 
-    QByteArray key = m_sortKey == RecordIdKey ? QByteArray("id") : QByteArray(m_def.fields[m_sortKey].name);
-    const bool textKey = m_sortKey != RecordIdKey && m_def.fields[m_sortKey].type == FieldType::String;
+    QByteArray key =
+        m_sortKey == RecordIdKey ? QByteArray("id") : QByteArray(m_def.fields[m_sortKey].name);
+    const bool textKey =
+        m_sortKey != RecordIdKey && m_def.fields[m_sortKey].type == FieldType::String;
     const QByteArray collate =
         textKey ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation : QByteArray();
 
@@ -188,7 +187,8 @@ int CDataTable::LoadSnapshot()
     if (!stmt)
         return 0;
     if (m_seeking) {
-        const FieldType keyType = m_sortKey == RecordIdKey ? FieldType::UInt32 : m_def.fields[m_sortKey].type;
+        const FieldType keyType =
+            m_sortKey == RecordIdKey ? FieldType::UInt32 : m_def.fields[m_sortKey].type;
         Bind(stmt, 1, keyType, m_seekValue);
     }
 
@@ -217,7 +217,6 @@ void CDataTable::LoadRow(size_t row)
     for (size_t c = 0; c < values.size(); ++c) {
         const int position = m_readPositions.empty() ? static_cast<int>(c) : m_readPositions[c];
         m_values[position] = values[c];
-        m_touched[position] = true;
     }
 }
 
@@ -240,8 +239,8 @@ int CDataTable::MoveNext(int)
 
 bool CDataTable::ReadRecord(quint32 id)
 {
-    sqlite3_stmt* stmt = GetMount()->Statement("SELECT " + ColumnList() + " FROM " + m_def.name +
-                                               " WHERE id = ?1");
+    sqlite3_stmt* stmt =
+        GetMount()->Statement("SELECT " + ColumnList() + " FROM " + m_def.name + " WHERE id = ?1");
     if (!stmt)
         return false;
     sqlite3_bind_int64(stmt, 1, id);
@@ -254,7 +253,6 @@ bool CDataTable::ReadRecord(quint32 id)
         for (int c = 0; c < columns; ++c) {
             const int position = m_readPositions.empty() ? c : m_readPositions[c];
             m_values[position] = Column(stmt, c + 1, m_def.fields[position].type);
-            m_touched[position] = true;
         }
     }
     sqlite3_reset(stmt);
@@ -274,7 +272,7 @@ int CDataTable::NewRecord(quint32)
         return 0;
     ResetValues();
     InitializeNewRecordPropArray();
-    m_touched.assign(m_def.fields.size(), true);
+    m_dirty.assign(m_def.fields.size(), true);
     m_recordId = 0;
     m_isNew = true;
     return 1;
@@ -316,7 +314,7 @@ int CDataTable::UpdateRecord()
     QByteArray assignments;
     std::vector<int> written;
     for (size_t i = 0; i < m_def.fields.size(); ++i) {
-        if (!m_touched[i])
+        if (!m_dirty[i])
             continue;
         if (!assignments.isEmpty())
             assignments += ", ";
@@ -343,7 +341,8 @@ int CDataTable::DeleteRecord(int)
     if (!m_open || m_isNew || m_recordId == 0)
         return 0;
     CCeMount* mount = GetMount();
-    sqlite3_stmt* stmt = mount->Statement("DELETE FROM " + QByteArray(m_def.name) + " WHERE id = ?1");
+    sqlite3_stmt* stmt =
+        mount->Statement("DELETE FROM " + QByteArray(m_def.name) + " WHERE id = ?1");
     if (!stmt)
         return 0;
     sqlite3_bind_int64(stmt, 1, m_recordId);
@@ -359,7 +358,8 @@ quint16 CDataTable::GetRecordCount() const
         return 0;
     quint16 count = 0;
     if (sqlite3_step(stmt) == SQLITE_ROW)
-        count = static_cast<quint16>(std::min<sqlite3_int64>(sqlite3_column_int64(stmt, 0), 0xFFFF));
+        count =
+            static_cast<quint16>(std::min<sqlite3_int64>(sqlite3_column_int64(stmt, 0), 0xFFFF));
     sqlite3_reset(stmt);
     return count;
 }

@@ -34,7 +34,7 @@ public:
     void SetSeekValue(const CCeDBProp* value, const SeekType& type);
 
     // Reads only the listed property positions from now on; the others keep
-    // their default values and are never written back.
+    // their default values.
     template <typename... Positions> void SetFilter(qint16 count, Positions... positions)
     {
         std::vector<int> list{static_cast<int>(positions)...};
@@ -61,7 +61,10 @@ protected:
     virtual void InitializeNewRecordPropArray();
 
     quint32 UInt32At(int position) const { return m_values[position].toUInt(); }
-    quint16 UInt16At(int position) const { return static_cast<quint16>(m_values[position].toUInt()); }
+    quint16 UInt16At(int position) const
+    {
+        return static_cast<quint16>(m_values[position].toUInt());
+    }
     qint16 Int16At(int position) const { return static_cast<qint16>(m_values[position].toInt()); }
     int BoolAt(int position) const { return m_values[position].toInt(); }
     double DoubleAt(int position) const { return m_values[position].toDouble(); }
@@ -88,7 +91,9 @@ private:
     std::vector<int> m_readPositions; // empty: every property
 
     std::vector<QVariant> m_values;
-    std::vector<bool> m_touched; // loaded from the store or set since
+    // Set since the record was read: only these are written back, so that a
+    // long-lived or filtered table object never writes stale or unread values.
+    std::vector<bool> m_dirty;
     quint32 m_recordId = 0;
     bool m_isNew = false;
 

@@ -56,7 +56,8 @@ QSet<QByteArray> ExistingColumns(CCeMount* mount, const char* table)
 
 bool CreateTable(CCeMount* mount, const TableDef& def)
 {
-    QByteArray sql = "CREATE TABLE IF NOT EXISTS " + QByteArray(def.name) + " (id INTEGER PRIMARY KEY";
+    QByteArray sql =
+        "CREATE TABLE IF NOT EXISTS " + QByteArray(def.name) + " (id INTEGER PRIMARY KEY";
     for (const FieldDef& field : def.fields)
         sql += QByteArray(", ") + field.name + " " + SqlType(field.type);
     sql += ")";
@@ -77,11 +78,12 @@ bool CreateTable(CCeMount* mount, const TableDef& def)
             continue;
         made.insert(key);
         const FieldDef& field = def.fields[key];
-        const QByteArray collate = field.type == FieldType::String
-                                       ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation
-                                       : QByteArray();
-        if (!mount->Execute("CREATE INDEX IF NOT EXISTS " + QByteArray(def.name) + "_by_" + field.name +
-                            " ON " + def.name + " (" + field.name + collate + ", id)"))
+        const QByteArray collate =
+            field.type == FieldType::String
+                ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation
+                : QByteArray();
+        if (!mount->Execute("CREATE INDEX IF NOT EXISTS " + QByteArray(def.name) + "_by_" +
+                            field.name + " ON " + def.name + " (" + field.name + collate + ", id)"))
             return false;
     }
     return true;
@@ -106,14 +108,14 @@ bool CreateRecordIdSequence(CCeMount* mount)
 // records; whichever is written, the other follows.
 bool CreateGpaFlagTriggers(CCeMount* mount)
 {
-    return mount->Execute(
-               "CREATE TRIGGER IF NOT EXISTS AppStateGpaFlag AFTER UPDATE OF ShowGPAWithHours ON AppState "
-               "BEGIN UPDATE GPAInfo SET WeightedByCourseHours = NEW.ShowGPAWithHours "
-               "WHERE WeightedByCourseHours IS NOT NEW.ShowGPAWithHours; END") &&
-           mount->Execute(
-               "CREATE TRIGGER IF NOT EXISTS GpaInfoGpaFlag AFTER UPDATE OF WeightedByCourseHours ON GPAInfo "
-               "BEGIN UPDATE AppState SET ShowGPAWithHours = NEW.WeightedByCourseHours "
-               "WHERE ShowGPAWithHours IS NOT NEW.WeightedByCourseHours; END") &&
+    return mount->Execute("CREATE TRIGGER IF NOT EXISTS AppStateGpaFlag AFTER UPDATE OF "
+                          "ShowGPAWithHours ON AppState "
+                          "BEGIN UPDATE GPAInfo SET WeightedByCourseHours = NEW.ShowGPAWithHours "
+                          "WHERE WeightedByCourseHours IS NOT NEW.ShowGPAWithHours; END") &&
+           mount->Execute("CREATE TRIGGER IF NOT EXISTS GpaInfoGpaFlag AFTER UPDATE OF "
+                          "WeightedByCourseHours ON GPAInfo "
+                          "BEGIN UPDATE AppState SET ShowGPAWithHours = NEW.WeightedByCourseHours "
+                          "WHERE ShowGPAWithHours IS NOT NEW.WeightedByCourseHours; END") &&
            mount->Execute(
                "CREATE TRIGGER IF NOT EXISTS GpaInfoGpaFlagNew AFTER INSERT ON GPAInfo "
                "BEGIN UPDATE GPAInfo SET WeightedByCourseHours = "
@@ -193,7 +195,8 @@ QString GetInstallationPath()
     const QString fromEnvironment = qEnvironmentVariable("BRINDLE_INSTALL_DIR");
     if (!fromEnvironment.isEmpty())
         return QDir::cleanPath(fromEnvironment);
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/brindle"));
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                           QStringLiteral("/../share/brindle"));
 }
 
 void SetDatabasePath(const QString& path)
@@ -227,7 +230,8 @@ int CreateDatabase()
     if (!CreateRecordIdSequence(mount) || !CreateGpaFlagTriggers(mount) ||
         !WriteDefaultRecords(brandNew))
         return 0;
-    if (!mount->Execute("PRAGMA application_id = " + QByteArray::number(BrindleSchema::ApplicationId)) ||
+    if (!mount->Execute("PRAGMA application_id = " +
+                        QByteArray::number(BrindleSchema::ApplicationId)) ||
         !mount->Execute("PRAGMA user_version = " + QByteArray::number(BrindleSchema::Version)))
         return 0;
     return transaction.Commit();

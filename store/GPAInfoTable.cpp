@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CGPAInfoTable::CGPAInfoTable()
-    : CDataTable(BrindleSchema::GPAInfo)
-{
-}
+CGPAInfoTable::CGPAInfoTable() : CDataTable(BrindleSchema::GPAInfo) {}

@@ -2,7 +2,8 @@
 
 #include "DataTable.h"
 
-// Past GPA information (one record). WeightedByCourseHours always equals the application state's ShowGPAWithHours.
+// Past GPA information (one record). WeightedByCourseHours always equals the application state's
+// ShowGPAWithHours.
 //
 // Sort orders: 0 record id.
 class CGPAInfoTable : public CDataTable

@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CGradeScaleTable::CGradeScaleTable()
-    : CDataTable(BrindleSchema::GradeScale)
-{
-}
+CGradeScaleTable::CGradeScaleTable() : CDataTable(BrindleSchema::GradeScale) {}
 
 QString CGradeScaleTable::GetGradeNameFromGrade(quint16 grade)
 {

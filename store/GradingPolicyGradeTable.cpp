@@ -2,7 +2,6 @@
 
 #include "Schema.h"
 
-CGradingPolicyGradeTable::CGradingPolicyGradeTable()
-    : CDataTable(BrindleSchema::GradingPolicyGrade)
+CGradingPolicyGradeTable::CGradingPolicyGradeTable() : CDataTable(BrindleSchema::GradingPolicyGrade)
 {
 }

@@ -2,10 +2,7 @@
 
 #include "Schema.h"
 
-CGradingPolicyTable::CGradingPolicyTable()
-    : CDataTable(BrindleSchema::GradingPolicy)
-{
-}
+CGradingPolicyTable::CGradingPolicyTable() : CDataTable(BrindleSchema::GradingPolicy) {}
 
 #include "CeDBProp.h"
 

@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CInstructorTable::CInstructorTable()
-    : CDataTable(BrindleSchema::Instructor)
-{
-}
+CInstructorTable::CInstructorTable() : CDataTable(BrindleSchema::Instructor) {}

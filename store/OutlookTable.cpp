@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-COutlookTable::COutlookTable()
-    : CDataTable(BrindleSchema::OutlookLink)
-{
-}
+COutlookTable::COutlookTable() : CDataTable(BrindleSchema::OutlookLink) {}

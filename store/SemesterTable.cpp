@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CSemesterTable::CSemesterTable()
-    : CDataTable(BrindleSchema::Semester)
-{
-}
+CSemesterTable::CSemesterTable() : CDataTable(BrindleSchema::Semester) {}

@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CTextbookOrderTable::CTextbookOrderTable()
-    : CDataTable(BrindleSchema::TextbookOrder)
-{
-}
+CTextbookOrderTable::CTextbookOrderTable() : CDataTable(BrindleSchema::TextbookOrder) {}

@@ -21,5 +21,8 @@ public:
     quint32 GetTextbookID() const { return UInt32At(PropTextbookID); }
     void SetTextbookID(quint32 value) { SetValue(PropTextbookID, static_cast<uint>(value)); }
     quint16 GetTextbookPosition() const { return UInt16At(PropTextbookPosition); }
-    void SetTextbookPosition(quint16 value) { SetValue(PropTextbookPosition, static_cast<uint>(value)); }
+    void SetTextbookPosition(quint16 value)
+    {
+        SetValue(PropTextbookPosition, static_cast<uint>(value));
+    }
 };

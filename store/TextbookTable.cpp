@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CTextbookTable::CTextbookTable()
-    : CDataTable(BrindleSchema::Textbook)
-{
-}
+CTextbookTable::CTextbookTable() : CDataTable(BrindleSchema::Textbook) {}

@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CTimeTable::CTimeTable()
-    : CDataTable(BrindleSchema::Time)
-{
-}
+CTimeTable::CTimeTable() : CDataTable(BrindleSchema::Time) {}

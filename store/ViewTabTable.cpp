@@ -2,7 +2,4 @@
 
 #include "Schema.h"
 
-CViewTabTable::CViewTabTable()
-    : CDataTable(BrindleSchema::ViewTab)
-{
-}
+CViewTabTable::CViewTabTable() : CDataTable(BrindleSchema::ViewTab) {}

@@ -8,7 +8,13 @@
 class CViewTabTable : public CDataTable
 {
 public:
-    enum ViewTabIDs : quint32 { NoFilter = 0, CwTypeTab = 1, PastDueTab = 2, CourseWeekTab = 3, DueByTab = 4 };
+    enum ViewTabIDs : quint32 {
+        NoFilter = 0,
+        CwTypeTab = 1,
+        PastDueTab = 2,
+        CourseWeekTab = 3,
+        DueByTab = 4
+    };
 
     enum Property {
         PropViewTabID = 0,
