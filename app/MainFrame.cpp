@@ -42,6 +42,7 @@ CMainFrame::CMainFrame(QWidget* parent)
 
     connect(m_view, &CMainView::CurrentCourseChanged, this, [this] { RefreshMenuBar(); });
     connect(m_view, &CMainView::BannerCommand, this, [this] { OnBannerCommand(); });
+    connect(m_view, &CMainView::CourseworkOpened, this, [this](quint32 id) { OpenCoursework(id); });
 
     const int line = fontMetrics().height();
     resize(line * 46, line * 38);

@@ -1,30 +1,46 @@
 #include "MainView.h"
 
 #include "BrindleData.h"
+#include "Clock.h"
+#include "CourseworkListModel.h"
+#include "CourseworkListView.h"
+#include "GradeBarText.h"
+#include "controls/MessageBox.h"
+#include "grading/GradeCalculation.h"
+#include "grading/PredictionStore.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
 #include "res/strings/ViewStrings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCursor>
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListView>
+#include <QMenu>
 #include <QPushButton>
 #include <QTabBar>
 #include <QVBoxLayout>
 
+namespace {
+CAppStateTable& State()
+{
+    return CAppStateTable::Instance();
+}
+
+bool CourseSelected()
+{
+    return State().GetCurrentCourseID() != AllCoursesID;
+}
+} // namespace
+
 CMainView::CMainView(QWidget* parent)
-    : QWidget(parent)
-    , m_tabs(new QTabBar(this))
-    , m_courses(new QComboBox(this))
-    , m_types(new QComboBox(this))
-    , m_dueBy(new QDateEdit(this))
-    , m_showDone(new QCheckBox(AppStrings::ShowDone(), this))
-    , m_gradeBar(new QLabel(this))
-    , m_banner(new QPushButton(this))
-    , m_list(new QListView(this))
+    : QWidget(parent), m_tabs(new QTabBar(this)), m_courses(new QComboBox(this)),
+      m_types(new QComboBox(this)), m_dueBy(new QDateEdit(this)),
+      m_showDone(new QCheckBox(AppStrings::ShowDone(), this)), m_gradeBar(new QLabel(this)),
+      m_banner(new QPushButton(this)), m_list(new CCourseworkListView(this)),
+      m_model(new CCourseworkListModel(this))
 {
     setObjectName(QStringLiteral("MainView"));
     m_tabs->setObjectName(QStringLiteral("viewTabs"));
@@ -35,16 +51,41 @@ CMainView::CMainView(QWidget* parent)
     m_gradeBar->setObjectName(QStringLiteral("gradeBar"));
     m_banner->setObjectName(QStringLiteral("banner"));
     m_list->setObjectName(QStringLiteral("courseworkList"));
+    m_list->setModel(m_model);
 
+    const int line = fontMetrics().height();
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
+    m_tabs->setUsesScrollButtons(true);
+    m_courses->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_courses->setMinimumContentsLength(14);
+    m_types->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_types->setMinimumContentsLength(10);
     m_dueBy->setCalendarPopup(true);
+    m_dueBy->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
     m_types->setVisible(false);
     m_dueBy->setVisible(false);
+
+    QFont barFont = m_gradeBar->font();
+    barFont.setBold(true);
+    m_gradeBar->setFont(barFont);
+    m_gradeBar->setContentsMargins(line / 3, 0, line / 3, 0);
+
+    // The banner stands out: the selection colour across the view's width.
     m_banner->setVisible(false);
     m_banner->setFlat(true);
+    m_banner->setAutoFillBackground(true);
+    m_banner->setFont(barFont);
+    m_banner->setMinimumHeight(line * 2);
+    QPalette bannerPalette = m_banner->palette();
+    bannerPalette.setColor(QPalette::Button, bannerPalette.color(QPalette::Highlight));
+    bannerPalette.setColor(QPalette::Window, bannerPalette.color(QPalette::Highlight));
+    bannerPalette.setColor(QPalette::ButtonText, bannerPalette.color(QPalette::HighlightedText));
+    m_banner->setPalette(bannerPalette);
+    m_banner->setCursor(Qt::PointingHandCursor);
 
     auto* filters = new QHBoxLayout;
+    filters->setSpacing(line / 2);
     filters->addWidget(m_courses, 2);
     filters->addWidget(m_types, 1);
     filters->addWidget(m_dueBy, 1);
@@ -52,33 +93,62 @@ CMainView::CMainView(QWidget* parent)
     filters->addWidget(m_showDone);
 
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(line / 2, line / 3, line / 2, line / 2);
+    layout->setSpacing(line / 3);
     layout->addWidget(m_tabs);
     layout->addLayout(filters);
     layout->addWidget(m_gradeBar);
     layout->addWidget(m_banner);
     layout->addWidget(m_list, 1);
+
+    connect(m_tabs, &QTabBar::currentChanged, this, &CMainView::OnTabChosen);
+    connect(m_courses, &QComboBox::currentIndexChanged, this, &CMainView::OnCourseChosen);
+    connect(m_types, &QComboBox::currentIndexChanged, this, &CMainView::OnTypeChosen);
+    connect(m_dueBy, &QDateEdit::dateChanged, this,
+            [this](QDate date) { OnDueByChosen(BrindleDate::FromDate(date)); });
+    connect(m_showDone, &QCheckBox::clicked, this, [this] { ToggleShowDone(); });
+    connect(m_banner, &QPushButton::clicked, this, [this] {
+        const QPoint point = m_banner->mapFromGlobal(QCursor::pos());
+        OpenBannerMenu(m_banner->rect().contains(point) ? point : m_banner->rect().center());
+    });
+    connect(m_list, &CCourseworkListView::DeleteCourseworkRequested, this,
+            &CMainView::DeleteCoursework);
+    connect(m_list, &CCourseworkListView::CourseworkOpened, this, &CMainView::CourseworkOpened);
+}
+
+QListView* CMainView::List() const
+{
+    return m_list;
+}
+
+void CMainView::WriteState()
+{
+    State().UpdateRecord();
 }
 
 void CMainView::RebuildTabs()
 {
-    const QSignalBlocker blocker(m_tabs);
-    while (m_tabs->count() > 0)
-        m_tabs->removeTab(0);
-    m_tabs->addTab(StoreStrings::TabNoFilter());
-    m_tabs->setTabData(0, static_cast<uint>(CViewTabTable::NoFilter));
+    {
+        const QSignalBlocker blocker(m_tabs);
+        while (m_tabs->count() > 0)
+            m_tabs->removeTab(0);
+        m_tabs->addTab(StoreStrings::TabNoFilter());
+        m_tabs->setTabData(0, static_cast<uint>(CViewTabTable::NoFilter));
 
-    const auto current = CAppStateTable::Instance().GetCurrentTabID();
-    CViewTabTable table;
-    if (table.Open(2)) {
-        for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1)) {
-            if (!table.GetIsVisible())
-                continue;
-            const int index = m_tabs->addTab(table.GetTabText());
-            m_tabs->setTabData(index, static_cast<uint>(table.GetViewTabID()));
-            if (table.GetViewTabID() == current)
-                m_tabs->setCurrentIndex(index);
+        const auto current = State().GetCurrentTabID();
+        CViewTabTable table;
+        if (table.Open(2)) {
+            for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1)) {
+                if (!table.GetIsVisible())
+                    continue;
+                const int index = m_tabs->addTab(table.GetTabText());
+                m_tabs->setTabData(index, static_cast<uint>(table.GetViewTabID()));
+                if (table.GetViewTabID() == current)
+                    m_tabs->setCurrentIndex(index);
+            }
         }
     }
+    ShowFilterOfTab();
 }
 
 void CMainView::RebuildCourseSelector()
@@ -95,7 +165,7 @@ void CMainView::RebuildCourseSelector()
     }
     m_courses->setEditable(false);
     m_courses->setEnabled(true);
-    const quint32 current = CAppStateTable::Instance().GetCurrentCourseID();
+    const quint32 current = State().GetCurrentCourseID();
     CCourseTable table;
     if (!table.Open())
         return;
@@ -111,16 +181,218 @@ void CMainView::RebuildCourseSelector()
 
 void CMainView::RebuildTypeFilter()
 {
+    {
+        const QSignalBlocker blocker(m_types);
+        m_types->clear();
+        if (CourseSelected()) {
+            CourseTypeList types;
+            LoadCourseTypes(State().GetCurrentCourseID(), types);
+            for (const auto& [typeId, position] : types)
+                m_types->addItem(CCwTypeTable::GetCwTypeNameFromID(typeId), typeId);
+        }
+        // The program starts on the type it ended on; otherwise the first.
+        const int stored = m_types->findData(State().GetViewTabCwType());
+        m_types->setCurrentIndex(stored >= 0 ? stored : 0);
+        // The stored type went away (its course's policy changed): the list
+        // follows the type the filter now shows.
+        if (stored < 0 && m_types->count() > 0 &&
+            State().GetCurrentTabID() == CViewTabTable::CwTypeTab) {
+            State().SetViewTabCwType(m_types->itemData(0).toUInt());
+            WriteState();
+        }
+    }
+    ShowFilterOfTab();
+}
+
+void CMainView::ShowFilterOfTab()
+{
+    switch (State().GetCurrentTabID()) {
+    case CViewTabTable::NoFilter:
+    case CViewTabTable::PastDueTab:
+    case CViewTabTable::CourseWeekTab:
+        m_types->setVisible(false);
+        m_dueBy->setVisible(false);
+        break;
+    case CViewTabTable::CwTypeTab:
+        m_types->setVisible(CourseSelected());
+        m_dueBy->setVisible(false);
+        break;
+    case CViewTabTable::DueByTab: {
+        m_types->setVisible(false);
+        const QSignalBlocker blocker(m_dueBy);
+        m_dueBy->setDate(BrindleDate::ToDate(State().GetViewTabDueBy()));
+        m_dueBy->setVisible(true);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void CMainView::OnTabChosen(int index)
+{
+    if (index < 0)
+        return;
+    const auto tab = static_cast<CViewTabTable::ViewTabIDs>(m_tabs->tabData(index).toUInt());
+    State().SetCurrentTabID(tab);
+    switch (tab) {
+    case CViewTabTable::NoFilter:
+    case CViewTabTable::PastDueTab:
+    case CViewTabTable::CourseWeekTab:
+        m_types->setVisible(false);
+        m_dueBy->setVisible(false);
+        break;
+    case CViewTabTable::CwTypeTab: {
+        const QSignalBlocker blocker(m_types);
+        if (CourseSelected()) {
+            m_types->setVisible(true);
+            m_types->raise();
+            m_types->setCurrentIndex(0);
+        } else {
+            m_types->setVisible(false);
+        }
+        m_dueBy->setVisible(false);
+        State().SetViewTabCwType(m_types->itemData(0).toUInt());
+        break;
+    }
+    case CViewTabTable::DueByTab: {
+        m_types->setVisible(false);
+        const QSignalBlocker blocker(m_dueBy);
+        m_dueBy->setVisible(true);
+        m_dueBy->raise();
+        m_dueBy->setDate(BrindleDate::ToDate(State().GetViewTabDueBy()));
+        break;
+    }
+    default:
+        // Tabs past the fourth leave the controls as they were.
+        break;
+    }
+    WriteState();
+    RefreshList();
+}
+
+void CMainView::OnCourseChosen(int index)
+{
+    if (index < 0)
+        return;
+    const quint32 courseId = m_courses->itemData(index).toUInt();
+    if (courseId == State().GetCurrentCourseID())
+        return;
+    State().SetCurrentCourseID(courseId);
+    RebuildTypeFilter();
+    emit CurrentCourseChanged();
+    RefreshGradeBar();
+    if (State().GetCurrentTabID() == CViewTabTable::CwTypeTab) {
+        if (courseId != AllCoursesID) {
+            State().SetViewTabCwType(m_types->currentData().toUInt());
+            m_types->setVisible(true);
+            m_types->raise();
+        } else {
+            m_types->setVisible(false);
+        }
+    }
+    WriteState();
+    RefreshList();
+}
+
+void CMainView::OnTypeChosen(int index)
+{
+    if (index < 0)
+        return;
+    const quint32 typeId = m_types->itemData(index).toUInt();
+    if (typeId == State().GetViewTabCwType())
+        return;
+    State().SetViewTabCwType(typeId);
+    WriteState();
+    RefreshList();
+}
+
+void CMainView::OnDueByChosen(double picked)
+{
+    const double day = BrindleDate::WholeDays(picked);
+    if (day == BrindleDate::WholeDays(State().GetViewTabDueBy()))
+        return;
+    State().SetViewTabDueBy(day);
+    WriteState();
+    RefreshList();
+}
+
+void CMainView::ToggleShowDone()
+{
+    State().SetShowDone(State().GetShowDone() ? 0 : 1);
+    WriteState();
+    RefreshList();
 }
 
 void CMainView::RefreshList()
 {
+    {
+        const QSignalBlocker blocker(m_showDone);
+        m_showDone->setChecked(State().GetShowDone() != 0);
+    }
+    m_model->SetRows(FillCourseworkRows(CourseworkFilter::FromState(BrindleClock::Now())));
+    ++m_fillCount;
 }
 
 void CMainView::RefreshGradeBar()
 {
+    m_gradeBar->setText(GradeBarText());
 }
 
 void CMainView::LayoutView()
 {
+    const bool predicting = CPredictionStore::Instance().IsActive();
+    const bool archived = State().GetCurrentSemesterID() != WorkingSemesterID;
+    if (!predicting && !archived) {
+        m_banner->setVisible(false);
+        return;
+    }
+    m_banner->setText(predicting ? ViewStrings::GradePredictionMode()
+                                 : ViewStrings::ArchivedSemester());
+    m_banner->setVisible(true);
+}
+
+QMenu* CMainView::OpenBannerMenu(const QPoint& position)
+{
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("bannerMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* exit = menu->addAction(CPredictionStore::Instance().IsActive()
+                                        ? ViewStrings::ExitGradePredictionMode()
+                                        : ViewStrings::ExitArchivedSemester());
+    exit->setObjectName(QStringLiteral("actionExitBanner"));
+    connect(exit, &QAction::triggered, this, &CMainView::BannerCommand);
+    menu->popup(m_banner->mapToGlobal(position));
+    return menu;
+}
+
+void CMainView::DeleteCoursework(quint32 courseworkId)
+{
+    if (!BrindleMessageBox::ConfirmDelete(this, ViewStrings::ConfirmDeleteCoursework()))
+        return;
+    {
+        CTransaction transaction;
+        CCourseworkTable coursework;
+        // A row whose record went away is ignored.
+        if (!coursework.Open() || !coursework.MoveToRecord(courseworkId))
+            return;
+
+        COutlookTable links;
+        if (links.Open(1)) {
+            const CCeDBProp key(courseworkId);
+            links.SetSeekValue(&key, CDataTable::SeekValueEqual);
+            for (int ok = links.MoveFirst(1); ok; ok = links.MoveNext(1))
+                if (!links.DeleteRecord(0))
+                    return;
+        }
+
+        const quint32 courseId = coursework.GetCourseID();
+        if (!coursework.DeleteRecord(0))
+            return;
+        RecomputeCourseGrade(courseId);
+        if (!transaction.Commit())
+            return;
+    }
+    RefreshList();
+    RefreshGradeBar();
 }

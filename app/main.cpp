@@ -1,16 +1,21 @@
 #include "BrindleData.h"
+#include "Clock.h"
 #include "CommandLine.h"
 #include "DatabaseOpener.h"
+#include "DemoDatabase.h"
 #include "MainFrame.h"
 #include "Startup.h"
 #include "outlook/PimLibrary.h"
 #include "res/Resources.h"
 #include "res/strings/AppStrings.h"
+#include "res/strings/ViewStrings.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QTemporaryDir>
 
 #include <cstdio>
+#include <optional>
 
 int main(int argc, char* argv[])
 {
@@ -23,6 +28,12 @@ int main(int argc, char* argv[])
     const CommandLine options = CommandLine::Parse(app);
     if (!options.database.isEmpty())
         SetDatabasePath(options.database);
+    // The demo runs on a database of its own that goes with the program.
+    std::optional<QTemporaryDir> demoFolder;
+    if (options.demo) {
+        demoFolder.emplace();
+        SetDatabasePath(demoFolder->filePath(QStringLiteral("Brindle.db")));
+    }
 
     // Runs without a user (a picture, a timing): an unusable database is
     // reported, never replaced.
@@ -31,6 +42,11 @@ int main(int argc, char* argv[])
     if (!opener.Open()) {
         if (!opener.ErrorText().isEmpty())
             std::fprintf(stderr, "%s\n", qPrintable(opener.ErrorText()));
+        return 1;
+    }
+    if (options.demo && !BuildDemoDatabase(BrindleClock::Today())) {
+        std::fprintf(stderr, "%s\n", qPrintable(ViewStrings::DemoFailed()));
+        CDataTable::GetMount()->Unmount();
         return 1;
     }
 

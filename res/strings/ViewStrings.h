@@ -5,7 +5,102 @@
 // Texts of the main view: the filters, the list, the grade bar and banners.
 namespace ViewStrings {
 
-inline QString AllCourses() { return BrindleText::tr("All Courses"); }
-inline QString NoCourses() { return BrindleText::tr("No Courses"); }
+inline QString AllCourses()
+{
+    return BrindleText::tr("All Courses");
+}
+inline QString NoCourses()
+{
+    return BrindleText::tr("No Courses");
+}
+
+// The coursework list and its pop-up menu.
+inline QString DeleteCoursework()
+{
+    return BrindleText::tr("Delete Coursework");
+}
+inline QString ConfirmDeleteCoursework()
+{
+    return BrindleText::tr("Are you sure you want to delete this coursework?");
+}
+inline QString UnofficialScore()
+{
+    return BrindleText::tr("Unofficial score from Grade Prediction Mode");
+}
+inline QString DueOn(const QString& when)
+{
+    return BrindleText::tr("Due %1").arg(when);
+}
+inline QString OverdueSince(const QString& when)
+{
+    return BrindleText::tr("Overdue: due %1").arg(when);
+}
+inline QString PercentText(const QString& number)
+{
+    return BrindleText::tr("%1%").arg(number);
+}
+inline QString ScoreOfPossible(const QString& score, const QString& possible)
+{
+    return BrindleText::tr("%1/%2").arg(score, possible);
+}
+inline QString PointsOnly(const QString& score)
+{
+    return BrindleText::tr("%1 pts").arg(score);
+}
+inline QString NotGraded()
+{
+    return BrindleText::tr("--");
+}
+inline QString PredictedTip()
+{
+    return BrindleText::tr("Predicted score");
+}
+
+// The grade bar.
+inline QString GpaValue(const QString& gpa)
+{
+    return BrindleText::tr("GPA: %1").arg(gpa);
+}
+inline QString GpaNone()
+{
+    return BrindleText::tr("GPA:");
+}
+inline QString GradeNone()
+{
+    return BrindleText::tr("Grade: --");
+}
+inline QString GradeValue(const QString& percent, const QString& gradeName)
+{
+    return BrindleText::tr("Grade: %1% %2").arg(percent, gradeName);
+}
+// A grade past the end of the scale has no name: the percent alone.
+inline QString GradePercentOnly(const QString& percent)
+{
+    return BrindleText::tr("Grade: %1%").arg(percent);
+}
+
+// The banner and its pop-up menu.
+inline QString GradePredictionMode()
+{
+    return BrindleText::tr("Grade Prediction Mode");
+}
+inline QString ArchivedSemester()
+{
+    return BrindleText::tr("Archived Semester");
+}
+inline QString ExitGradePredictionMode()
+{
+    return BrindleText::tr("Exit Grade Prediction Mode");
+}
+inline QString ExitArchivedSemester()
+{
+    return BrindleText::tr("Exit Archived Semester");
+}
+
+// Start-up with --demo.
+inline QString DemoFailed()
+{
+    return BrindleText::tr("The demo database cannot be made.");
+}
 
 } // namespace ViewStrings
