@@ -77,7 +77,7 @@ const CourseSpec WorkingCourses[] = {
      {{{"Homework", 20, "Problem Set", 20},
        {"Quizzes", 15, "Quiz", 10},
        {"Exams", 45, "Exam", 100},
-       {"Final Exam", 20, "Final Review Sheet", 10}}}},
+       {"Worksheets", 20, "Worksheet", 10}}}},
     {"Organic Chemistry I",
      "CHEM 2323",
      "Chemistry",
@@ -610,7 +610,7 @@ bool CDemoWriter::Write()
     state.SetCurrentTabID(CViewTabTable::NoFilter);
     state.SetViewTabCwType(0);
     state.SetViewTabDueBy(BrindleDate::FromDate(m_today.addDays(7)));
-    state.SetShowDone(0);
+    state.SetShowDone(1);
     return state.UpdateRecord() != 0;
 }
 

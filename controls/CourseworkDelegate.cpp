@@ -37,6 +37,18 @@ QStyle* StyleOf(const QStyleOptionViewItem& option)
     return option.widget ? option.widget->style() : QApplication::style();
 }
 
+// The weekday, the date and the time in the user's short formats, without
+// seconds: "Fri 11/21/26 11:59 PM".
+QString DueText(const QDateTime& due)
+{
+    const QLocale locale;
+    QString timeFormat = locale.timeFormat(QLocale::ShortFormat);
+    timeFormat.remove(QStringLiteral(":ss"));
+    return ViewStrings::DueWhen(locale.toString(due.date(), QStringLiteral("ddd")),
+                                locale.toString(due.date(), QLocale::ShortFormat),
+                                locale.toString(due.time(), timeFormat));
+}
+
 } // namespace
 
 CCourseworkDelegate::CCourseworkDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
@@ -176,8 +188,7 @@ void CCourseworkDelegate::PaintCoursework(QPainter* painter, const QStyleOptionV
                       QFontMetrics(nameFont).elidedText(index.data(Qt::DisplayRole).toString(),
                                                         Qt::ElideRight, nameRect.width()));
 
-    const QDateTime due = BrindleDate::ToDateTime(index.data(DueDateRole).toDouble());
-    const QString when = QLocale().toString(due, QLocale::ShortFormat);
+    const QString when = DueText(BrindleDate::ToDateTime(index.data(DueDateRole).toDouble()));
     const QString dueText = overdue ? ViewStrings::OverdueSince(when) : ViewStrings::DueOn(when);
     painter->setFont(option.font);
     painter->setPen(overdue ? overdueColor : quietColor);
@@ -195,7 +206,7 @@ void CCourseworkDelegate::PaintCoursework(QPainter* painter, const QStyleOptionV
     bar.maximum = 100;
     bar.progress = completed;
     bar.textVisible = false;
-    const int barHeight = std::max(4, line / 2);
+    const int barHeight = std::max(5, line * 3 / 5);
     bar.rect =
         QRect(progressRect.left(), progressRect.center().y() - barHeight / 2, barWidth, barHeight);
     style->drawControl(QStyle::CE_ProgressBar, &bar, painter, option.widget);
@@ -218,10 +229,5 @@ void CCourseworkDelegate::PaintCoursework(QPainter* painter, const QStyleOptionV
         painter->setPen(predicted && !selected ? scoreColor : quietColor);
         painter->drawText(QRect(scoreRect.left(), top + line, scoreRect.width(), line),
                           Qt::AlignRight | Qt::AlignVCenter, detailText);
-    } else {
-        painter->setFont(option.font);
-        painter->setPen(quietColor);
-        painter->drawText(QRect(scoreRect.left(), top, scoreRect.width(), line),
-                          Qt::AlignRight | Qt::AlignVCenter, ViewStrings::NotGraded());
     }
 }

@@ -27,6 +27,11 @@ inline QString UnofficialScore()
 {
     return BrindleText::tr("Unofficial score from Grade Prediction Mode");
 }
+// Weekday, date and time of a due date, each in the user's locale.
+inline QString DueWhen(const QString& weekday, const QString& date, const QString& time)
+{
+    return BrindleText::tr("%1 %2 %3").arg(weekday, date, time);
+}
 inline QString DueOn(const QString& when)
 {
     return BrindleText::tr("Due %1").arg(when);
