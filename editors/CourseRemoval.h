@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtGlobal>
+
+// Deletes a course and every record that belongs to it (times, textbooks,
+// instructor links, coursework, types, grading policy, course order), all or
+// nothing, and moves the current course to "All Courses" when it was this
+// one. Instructors and Outlook links stay.
+void RemoveCourse(quint32 courseId);

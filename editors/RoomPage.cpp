@@ -1,0 +1,75 @@
+#include "RoomPage.h"
+
+#include "BuildingTable.h"
+#include "res/strings/EditorStrings.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+CRoomPage::CRoomPage(bool withWebSite, const QString& picture, QWidget* parent)
+    : QWidget(parent), m_building(new QComboBox(this)), m_roomNumber(new QLineEdit(this))
+{
+    setObjectName(QStringLiteral("roomPage"));
+    m_building->setObjectName(QStringLiteral("buildingBox"));
+    m_building->setEditable(true);
+    // A typed name stays a name; OK looks it up or creates the building.
+    m_building->setInsertPolicy(QComboBox::NoInsert);
+    m_roomNumber->setObjectName(QStringLiteral("roomNumber"));
+    m_roomNumber->setMaxLength(RoomNumberLimit);
+
+    auto* form = new QFormLayout;
+    form->setLabelAlignment(Qt::AlignLeft);
+    form->addRow(EditorStrings::LabelBuilding(), m_building);
+    form->addRow(EditorStrings::LabelRoomNumber(), m_roomNumber);
+    if (withWebSite) {
+        m_webSite = new QLineEdit(this);
+        m_webSite->setObjectName(QStringLiteral("webSite"));
+        m_webSite->setMaxLength(WebSiteLimit);
+        form->addRow(EditorStrings::LabelWebSite(), m_webSite);
+    }
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addStretch();
+    const int side = fontMetrics().height() * 4;
+    auto* image = new QLabel(this);
+    image->setObjectName(QStringLiteral("pagePicture"));
+    image->setPixmap(QIcon(picture).pixmap(side, side));
+    layout->addWidget(image, 0, Qt::AlignHCenter);
+}
+
+void CRoomPage::LoadBuildings()
+{
+    m_building->clear();
+    CBuildingTable buildings;
+    if (!buildings.Open())
+        return;
+    for (int ok = buildings.MoveFirst(1); ok; ok = buildings.MoveNext(1))
+        m_building->addItem(buildings.GetBuildingName(), buildings.GetRecordID());
+    m_building->setCurrentIndex(-1);
+}
+
+void CRoomPage::SelectBuilding(quint32 buildingId)
+{
+    const int index = buildingId == 0 ? -1 : m_building->findData(buildingId);
+    m_building->setCurrentIndex(index);
+    if (index < 0)
+        m_building->setEditText(QString());
+}
+
+void CRoomPage::SelectBuildingName(const QString& name)
+{
+    const int index = name.isEmpty() ? -1 : m_building->findText(name, Qt::MatchExactly);
+    m_building->setCurrentIndex(index);
+    if (index < 0)
+        m_building->setEditText(QString());
+}
+
+QString CRoomPage::BuildingText() const
+{
+    return m_building->currentText();
+}
