@@ -23,7 +23,8 @@ void CNumericEdit::UpdateValidator()
     QString pattern = QStringLiteral("-?\\d*");
     if (!m_wholeNumbers) {
         const QString separator = QRegularExpression::escape(QLocale().decimalPoint());
-        pattern += QStringLiteral("([.%1]\\d*)?").arg(separator);
+        // An alternation, not a class: "[." would open a POSIX collating element.
+        pattern += QStringLiteral("((?:\\.|%1)\\d*)?").arg(separator);
     }
     setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), this));
 }

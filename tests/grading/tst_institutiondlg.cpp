@@ -447,7 +447,10 @@ void TestInstitutionDlg::saveWritesGpaInfo()
     QVERIFY(!page->ShowWithHoursBox()->isChecked());
 
     page->ShowWithHoursBox()->setChecked(true);
-    page->HoursField()->setText(QStringLiteral("45.5"));
+    // Typed key by key: the field takes digits and the decimal point.
+    page->HoursField()->clear();
+    QTest::keyClicks(page->HoursField(), QStringLiteral("4x5.5"));
+    QCOMPARE(page->HoursField()->text(), QStringLiteral("45.5"));
     page->PointsField()->clear(); // an empty field is no past points
     dialog.accept();
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
