@@ -1,0 +1,403 @@
+#include "GradingDlg.h"
+
+#include "CwTypeEditor.h"
+#include "GradingDlgGradingPage.h"
+#include "GradingDlgTypeWriter.h"
+#include "GradingDlgTypesPage.h"
+#include "GradingDlgWeightingPage.h"
+#include "MinimumPercentEditor.h"
+#include "controls/HelpViewer.h"
+#include "controls/MessageBox.h"
+#include "controls/NumericEdit.h"
+#include "grading/GradeCalculation.h"
+#include "res/strings/GradingPolicyStrings.h"
+#include "store/BrindleData.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+constexpr quint16 MaxDrops = 99;
+} // namespace
+
+GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
+    : QDialog(parent), m_courseId(courseId), m_pages(new QTabWidget(this)),
+      m_typesPage(new GradingDlgTypesPage(m_pages)),
+      m_weightingPage(new GradingDlgWeightingPage(m_pages)),
+      m_gradingPage(new GradingDlgGradingPage(m_pages))
+{
+    setObjectName(QStringLiteral("GradingDlg"));
+    setWindowTitle(GradingPolicyStrings::Caption());
+    m_pages->setObjectName(QStringLiteral("gradingPages"));
+    m_pages->addTab(m_typesPage, GradingPolicyStrings::PageCwTypes());
+    m_pages->addTab(m_weightingPage, GradingPolicyStrings::PageWeighting());
+    m_pages->addTab(m_gradingPage, GradingPolicyStrings::PageGrading());
+
+    auto* buttons = new QDialogButtonBox(
+        QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &GradingDlg::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &GradingDlg::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_pages);
+    layout->addWidget(buttons);
+
+    QTreeWidget* types = m_typesPage->List();
+    connect(types, &QWidget::customContextMenuRequested, this, &GradingDlg::ShowTypeMenu);
+    connect(types, &QTreeWidget::itemActivated, this,
+            [this, types](QTreeWidgetItem* item) { EditType(types->indexOfTopLevelItem(item)); });
+    connect(m_typesPage->ApplyButton(), &QPushButton::clicked, this, [this] { ApplyTypeEdit(); });
+    connect(m_typesPage->DiscardButton(), &QPushButton::clicked, this,
+            &GradingDlg::DiscardTypeEdit);
+    connect(m_weightingPage->Buttons(), &QButtonGroup::idClicked, this,
+            [this](int id) { m_weighting = id; });
+    QTreeWidget* minimums = m_gradingPage->List();
+    connect(minimums, &QWidget::customContextMenuRequested, this, &GradingDlg::ShowMinimumMenu);
+    connect(minimums, &QTreeWidget::itemActivated, this, [this, minimums](QTreeWidgetItem* item) {
+        EditMinimum(minimums->indexOfTopLevelItem(item));
+    });
+    connect(m_gradingPage->ApplyButton(), &QPushButton::clicked, this,
+            [this] { ApplyMinimumEdit(); });
+    connect(m_gradingPage->DiscardButton(), &QPushButton::clicked, this,
+            &GradingDlg::DiscardMinimumEdit);
+
+    InstallHelp(this);
+    const int line = fontMetrics().height();
+    resize(line * 26, line * 30);
+
+    Load();
+    if (startNewType)
+        NewType();
+}
+
+void GradingDlg::Load()
+{
+    CourseTypeList order;
+    LoadCourseTypes(m_courseId, order);
+    for (const auto& [typeId, position] : order) {
+        CCwTypeTable type;
+        if (!type.Open() || !type.MoveToRecord(typeId))
+            continue;
+        m_types.push_back({typeId, type.GetCwTypeName(), type.GetWeight(), type.GetDrops()});
+    }
+
+    const quint32 weighting = CGradingPolicyTable::GetWeightingFromCourseID(m_courseId);
+    SetWeighting(weighting <= CGradingPolicyTable::WeightPerItem ? static_cast<int>(weighting)
+                                                                 : -1);
+
+    CGradingPolicyGradeTable grades;
+    if (grades.Open(0)) {
+        const CCeDBProp key(m_courseId);
+        grades.SetSeekValue(&key, CDataTable::SeekValueEqual);
+        for (int ok = grades.MoveFirst(1); ok; ok = grades.MoveNext(1))
+            m_minimums.push_back({grades.GetGrade(), grades.GetMinimumPercent(),
+                                  CGradeScaleTable::GetGradeNameFromGrade(grades.GetGrade())});
+    }
+
+    ShowTypes(m_types.empty() ? -1 : 0);
+    ShowMinimums(m_minimums.empty() ? -1 : 0);
+}
+
+void GradingDlg::SetWeighting(int weighting)
+{
+    m_weighting = weighting >= 0 && weighting <= 2 ? weighting : -1;
+    m_weightingPage->SetWeighting(m_weighting);
+}
+
+void GradingDlg::ShowTypes(int selectedRow)
+{
+    m_typesPage->Fill(m_types, selectedRow);
+}
+
+void GradingDlg::ShowMinimums(int selectedRow)
+{
+    m_gradingPage->Fill(m_minimums, selectedRow);
+}
+
+QList<int> GradingDlg::TypeMenuCommands(int row) const
+{
+    QList<int> commands{NewTypeCommand};
+    const int count = static_cast<int>(m_types.size());
+    if (row < 0 || row >= count)
+        return commands;
+    commands << EditTypeCommand;
+    // The last type is never deleted, so coursework always has a type to go to.
+    if (count > 1) {
+        commands << DeleteTypeCommand << 0;
+        if (row > 0)
+            commands << MoveUpCommand;
+        if (row < count - 1)
+            commands << MoveDownCommand;
+    }
+    return commands;
+}
+
+QMenu* GradingDlg::BuildTypeMenu(int row, QWidget* parent)
+{
+    auto* menu = new QMenu(parent);
+    menu->setObjectName(QStringLiteral("cwTypeMenu"));
+    for (int command : TypeMenuCommands(row)) {
+        QString text;
+        switch (command) {
+        case NewTypeCommand:
+            text = GradingPolicyStrings::NewCwType();
+            break;
+        case EditTypeCommand:
+            text = GradingPolicyStrings::EditCwType();
+            break;
+        case DeleteTypeCommand:
+            text = GradingPolicyStrings::DeleteCwType();
+            break;
+        case MoveUpCommand:
+            text = GradingPolicyStrings::MoveUp();
+            break;
+        case MoveDownCommand:
+            text = GradingPolicyStrings::MoveDown();
+            break;
+        default:
+            menu->addSeparator();
+            continue;
+        }
+        QAction* action = menu->addAction(text);
+        action->setData(command);
+        connect(action, &QAction::triggered, this,
+                [this, command, row] { RunTypeCommand(command, row); });
+    }
+    return menu;
+}
+
+void GradingDlg::RunTypeCommand(int command, int row)
+{
+    if (!TypeMenuCommands(row).contains(command))
+        return;
+    switch (command) {
+    case NewTypeCommand:
+        NewType();
+        break;
+    case EditTypeCommand:
+        EditType(row);
+        break;
+    case DeleteTypeCommand:
+        DeleteType(row);
+        break;
+    case MoveUpCommand:
+        MoveType(row, -1);
+        break;
+    case MoveDownCommand:
+        MoveType(row, 1);
+        break;
+    default:
+        break;
+    }
+}
+
+void GradingDlg::ShowTypeMenu(const QPoint& position)
+{
+    QTreeWidget* list = m_typesPage->List();
+    QTreeWidgetItem* item = list->itemAt(position);
+    const int row = item ? list->indexOfTopLevelItem(item) : -1;
+    if (item)
+        list->setCurrentItem(item);
+    QMenu* menu = BuildTypeMenu(row, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(list->viewport()->mapToGlobal(position));
+}
+
+void GradingDlg::NewType()
+{
+    m_editingType = EditingNewType;
+    m_pages->setCurrentWidget(m_typesPage);
+    m_typesPage->ShowPane(GradingPolicyStrings::NewCwType());
+    m_typesPage->Editor()->Load(CwTypeEntry());
+}
+
+void GradingDlg::EditType(int row)
+{
+    if (row < 0 || row >= static_cast<int>(m_types.size()))
+        return;
+    m_editingType = row;
+    ShowTypes(row);
+    m_pages->setCurrentWidget(m_typesPage);
+    m_typesPage->ShowPane(GradingPolicyStrings::EditCwType());
+    m_typesPage->Editor()->Load(m_types[static_cast<size_t>(row)]);
+}
+
+void GradingDlg::DeleteType(int row)
+{
+    if (!TypeMenuCommands(row).contains(DeleteTypeCommand))
+        return;
+    const auto at = m_types.begin() + row;
+    // Only a stored type needs deleting on OK; a new one just goes.
+    if (at->id != 0)
+        m_deletedTypeIds.push_back(at->id);
+    m_types.erase(at);
+    if (m_editingType == row)
+        DiscardTypeEdit();
+    else if (m_editingType > row)
+        --m_editingType;
+    ShowTypes(std::min(row, static_cast<int>(m_types.size()) - 1));
+}
+
+void GradingDlg::MoveType(int row, int step)
+{
+    const int other = row + step;
+    if (!TypeMenuCommands(row).contains(step < 0 ? MoveUpCommand : MoveDownCommand))
+        return;
+    std::swap(m_types[static_cast<size_t>(row)], m_types[static_cast<size_t>(other)]);
+    if (m_editingType == row)
+        m_editingType = other;
+    else if (m_editingType == other)
+        m_editingType = row;
+    ShowTypes(other);
+}
+
+bool GradingDlg::ApplyTypeEdit()
+{
+    if (m_editingType == NotEditing)
+        return true;
+    const CwTypeEditor* editor = m_typesPage->Editor();
+    QString problem;
+    const double weight = editor->WeightValue();
+    const double drops = editor->DropsValue();
+    if (editor->NameText().trimmed().isEmpty())
+        problem = GradingPolicyStrings::TypeNameEmpty();
+    else if (weight == CNumericEdit::EmptyValue || weight < 0.0)
+        problem = GradingPolicyStrings::TypeWeightOutOfRange();
+    else if (drops == CNumericEdit::EmptyValue || drops < 0.0 || drops > MaxDrops)
+        problem = GradingPolicyStrings::TypeDropsOutOfRange();
+    if (!problem.isEmpty()) {
+        m_pages->setCurrentWidget(m_typesPage);
+        BrindleMessageBox::Warn(this, problem);
+        return false;
+    }
+
+    int row = m_editingType;
+    if (row == EditingNewType) {
+        m_types.push_back(CwTypeEntry());
+        row = static_cast<int>(m_types.size()) - 1;
+    }
+    editor->Read(m_types[static_cast<size_t>(row)]);
+    m_editingType = NotEditing;
+    m_typesPage->ShowPane(QString());
+    ShowTypes(row);
+    return true;
+}
+
+void GradingDlg::DiscardTypeEdit()
+{
+    m_editingType = NotEditing;
+    m_typesPage->ShowPane(QString());
+}
+
+QList<int> GradingDlg::MinimumMenuCommands(int row) const
+{
+    if (row < 0 || row >= static_cast<int>(m_minimums.size()))
+        return {};
+    return {EditMinimumCommand};
+}
+
+void GradingDlg::ShowMinimumMenu(const QPoint& position)
+{
+    QTreeWidget* list = m_gradingPage->List();
+    QTreeWidgetItem* item = list->itemAt(position);
+    const int row = item ? list->indexOfTopLevelItem(item) : -1;
+    if (MinimumMenuCommands(row).isEmpty())
+        return;
+    list->setCurrentItem(item);
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("minimumPercentMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* edit = menu->addAction(GradingPolicyStrings::EditMinimumPercent());
+    edit->setData(EditMinimumCommand);
+    connect(edit, &QAction::triggered, this, [this, row] { EditMinimum(row); });
+    menu->popup(list->viewport()->mapToGlobal(position));
+}
+
+void GradingDlg::EditMinimum(int row)
+{
+    if (MinimumMenuCommands(row).isEmpty())
+        return;
+    m_editingMinimum = row;
+    ShowMinimums(row);
+    m_pages->setCurrentWidget(m_gradingPage);
+    m_gradingPage->ShowPane(true);
+    m_gradingPage->Editor()->Load(m_minimums[static_cast<size_t>(row)]);
+}
+
+bool GradingDlg::ApplyMinimumEdit()
+{
+    if (m_editingMinimum < 0)
+        return true;
+    const double value = m_gradingPage->Editor()->Value();
+    if (value == CNumericEdit::EmptyValue || value < 0.0 || value > 100.0) {
+        m_pages->setCurrentWidget(m_gradingPage);
+        BrindleMessageBox::Warn(this, GradingPolicyStrings::MinimumOutOfRange());
+        return false;
+    }
+    const int row = m_editingMinimum;
+    m_minimums[static_cast<size_t>(row)].minimum = value;
+    DiscardMinimumEdit();
+    ShowMinimums(row);
+    return true;
+}
+
+void GradingDlg::DiscardMinimumEdit()
+{
+    m_editingMinimum = -1;
+    m_gradingPage->ShowPane(false);
+}
+
+void GradingDlg::accept()
+{
+    if (Save())
+        QDialog::accept();
+}
+
+bool GradingDlg::Save()
+{
+    if (!ApplyTypeEdit() || !ApplyMinimumEdit())
+        return false;
+
+    CTransaction transaction;
+    const CCeDBProp courseKey(m_courseId);
+
+    CGradingPolicyTable policy;
+    if (policy.Open(0)) {
+        policy.SetSeekValue(&courseKey, CDataTable::SeekValueEqual);
+        if (policy.MoveFirst(1)) {
+            if (m_weighting >= 0)
+                policy.SetWeightType(static_cast<CGradingPolicyTable::Weighting>(m_weighting));
+            policy.UpdateRecord();
+        }
+    }
+
+    CGradingPolicyGradeTable grades;
+    if (grades.Open(0)) {
+        grades.SetSeekValue(&courseKey, CDataTable::SeekValueEqual);
+        for (int ok = grades.MoveFirst(1); ok; ok = grades.MoveNext(1)) {
+            const quint16 grade = grades.GetGrade();
+            const auto entry =
+                std::find_if(m_minimums.cbegin(), m_minimums.cend(),
+                             [grade](const MinimumPercentEntry& e) { return e.grade == grade; });
+            if (entry == m_minimums.cend())
+                continue;
+            grades.SetMinimumPercent(entry->minimum);
+            grades.UpdateRecord();
+        }
+    }
+
+    std::vector<CwTypeEntry> written = m_types;
+    GradingDlgTypeWriter(m_courseId).Write(m_deletedTypeIds, written);
+    if (!transaction.Commit())
+        return false;
+    // Stored now: a second OK must not store them again.
+    m_types = std::move(written);
+    m_deletedTypeIds.clear();
+    return true;
+}
