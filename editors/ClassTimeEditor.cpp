@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QTimeEdit>
 #include <QToolButton>
@@ -35,7 +36,7 @@ QString DayName(int index)
 
 QString TimeText(double value)
 {
-    return QLocale().toString(BrindleDate::ToTime(value), QLocale::ShortFormat);
+    return QLocale().toString(BrindleDate::ToTime(value), CClassTimeEditor::TimeFormat());
 }
 
 } // namespace
@@ -46,7 +47,7 @@ CClassTimeEditor::CClassTimeEditor(QWidget* parent)
     setObjectName(QStringLiteral("classTimeEditor"));
     m_start->setObjectName(QStringLiteral("startTime"));
     m_end->setObjectName(QStringLiteral("endTime"));
-    const QString format = QLocale().timeFormat(QLocale::ShortFormat);
+    const QString format = TimeFormat();
     m_start->setDisplayFormat(format);
     m_end->setDisplayFormat(format);
 
@@ -96,6 +97,14 @@ ClassTimeEntry CClassTimeEditor::Entry() const
             entry.days |= static_cast<quint16>(1u << i);
     }
     return entry;
+}
+
+QString CClassTimeEditor::TimeFormat()
+{
+    // Slots are whole minutes: the locale's short format without seconds.
+    QString format = QLocale().timeFormat(QLocale::ShortFormat);
+    format.remove(QRegularExpression(QStringLiteral("[:.]?s+")));
+    return format;
 }
 
 QString CClassTimeEditor::DaysText(quint16 days)

@@ -36,6 +36,8 @@ public:
     QTimeEdit* EndEdit() const { return m_end; }
     QToolButton* DayButton(int index) const { return m_days[static_cast<size_t>(index)]; }
 
+    // The locale's short time format, in hours and minutes.
+    static QString TimeFormat();
     // "M W F" for a day set, Sunday first.
     static QString DaysText(quint16 days);
     // The row of a time list: days, start and end.

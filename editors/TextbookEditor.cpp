@@ -48,7 +48,8 @@ QString CTextbookEditor::RowText(const TextbookEntry& entry)
 {
     QString text =
         entry.author.isEmpty() ? entry.name : EditorStrings::TextbookRow(entry.name, entry.author);
-    if (entry.cost >= 0.0)
+    // No cost given, or none worth showing.
+    if (entry.cost > 0.0)
         text = EditorStrings::TextbookRowWithCost(text, QLocale().toCurrencyString(entry.cost));
     return text;
 }
