@@ -4,8 +4,7 @@
 #include <QRegularExpression>
 #include <QRegularExpressionValidator>
 
-CNumericEdit::CNumericEdit(QWidget* parent)
-    : QLineEdit(parent)
+CNumericEdit::CNumericEdit(QWidget* parent) : QLineEdit(parent)
 {
     setInputMethodHints(Qt::ImhFormattedNumbersOnly);
     UpdateValidator();
@@ -34,10 +33,17 @@ double CNumericEdit::Value() const
     const QString shown = text().trimmed();
     if (shown.isEmpty() || shown == QLatin1String("-"))
         return EmptyValue;
+    // Group separators are never typed here: in a locale whose group
+    // separator is the point, "1.500" is the point typed as a decimal.
+    QLocale locale;
+    locale.setNumberOptions(QLocale::RejectGroupSeparator);
     bool ok = false;
-    double value = QLocale().toDouble(shown, &ok);
-    if (!ok)
-        value = QLocale::c().toDouble(shown, &ok);
+    double value = locale.toDouble(shown, &ok);
+    if (!ok) {
+        QLocale c = QLocale::c();
+        c.setNumberOptions(QLocale::RejectGroupSeparator);
+        value = c.toDouble(shown, &ok);
+    }
     return ok ? value : EmptyValue;
 }
 

@@ -1,0 +1,109 @@
+#include "controls/NumericEdit.h"
+
+#include <QtTest>
+
+class TestNumericEdit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void typing_data();
+    void typing();
+    void setValue_data();
+    void setValue();
+};
+
+void TestNumericEdit::typing_data()
+{
+    QTest::addColumn<QLocale::Language>("language");
+    QTest::addColumn<bool>("wholeNumbers");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<double>("value");
+
+    const auto c = QLocale::C;
+    const auto de = QLocale::German;
+    QTest::newRow("empty") << c << false << QString() << QString() << -999.0;
+    QTest::newRow("minus alone") << c << false << QStringLiteral("-") << QStringLiteral("-")
+                                 << -999.0;
+    QTest::newRow("point alone") << c << false << QStringLiteral(".") << QStringLiteral(".")
+                                 << -999.0;
+    QTest::newRow("decimal") << c << false << QStringLiteral("12.5") << QStringLiteral("12.5")
+                             << 12.5;
+    QTest::newRow("negative") << c << false << QStringLiteral("-4.25") << QStringLiteral("-4.25")
+                              << -4.25;
+    QTest::newRow("letters refused")
+        << c << false << QStringLiteral("1a2b") << QStringLiteral("12") << 12.0;
+    QTest::newRow("no exponent") << c << false << QStringLiteral("1e5") << QStringLiteral("15")
+                                 << 15.0;
+    QTest::newRow("comma not a C separator")
+        << c << false << QStringLiteral("3,5") << QStringLiteral("35") << 35.0;
+    QTest::newRow("one separator only")
+        << c << false << QStringLiteral("1.2.3") << QStringLiteral("1.23") << 1.23;
+    QTest::newRow("minus only in front")
+        << c << false << QStringLiteral("5-2") << QStringLiteral("52") << 52.0;
+    QTest::newRow("whole refuses point")
+        << c << true << QStringLiteral("2.5") << QStringLiteral("25") << 25.0;
+    QTest::newRow("German comma") << de << false << QStringLiteral("3,5") << QStringLiteral("3,5")
+                                  << 3.5;
+    QTest::newRow("German point") << de << false << QStringLiteral("3.5") << QStringLiteral("3.5")
+                                  << 3.5;
+    // The point is the German group separator; typed here it is a decimal.
+    QTest::newRow("German point, three digits")
+        << de << false << QStringLiteral("1.500") << QStringLiteral("1.500") << 1.5;
+    QTest::newRow("German letters refused")
+        << de << false << QStringLiteral("x7,2y") << QStringLiteral("7,2") << 7.2;
+    QTest::newRow("German whole") << de << true << QStringLiteral("4,0") << QStringLiteral("40")
+                                  << 40.0;
+}
+
+void TestNumericEdit::typing()
+{
+    QFETCH(QLocale::Language, language);
+    QFETCH(bool, wholeNumbers);
+    QFETCH(QString, keys);
+    QFETCH(QString, shown);
+    QFETCH(double, value);
+
+    QLocale::setDefault(QLocale(language));
+    CNumericEdit edit;
+    edit.SetWholeNumbers(wholeNumbers);
+    QTest::keyClicks(&edit, keys);
+    QCOMPARE(edit.text(), shown);
+    QCOMPARE(edit.Value(), value);
+    QCOMPARE(edit.IsEmpty(), keys.isEmpty());
+}
+
+void TestNumericEdit::setValue_data()
+{
+    QTest::addColumn<QLocale::Language>("language");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("empty value") << QLocale::C << -999.0 << QString();
+    QTest::newRow("zero") << QLocale::C << 0.0 << QStringLiteral("0");
+    QTest::newRow("no group separator") << QLocale::C << 1234567.0 << QStringLiteral("1234567");
+    QTest::newRow("no needless digits") << QLocale::C << 0.1 + 0.2 << QStringLiteral("0.3");
+    QTest::newRow("negative") << QLocale::C << -1.0 << QStringLiteral("-1");
+    QTest::newRow("German") << QLocale::German << 1234.5 << QStringLiteral("1234,5");
+}
+
+void TestNumericEdit::setValue()
+{
+    QFETCH(QLocale::Language, language);
+    QFETCH(double, value);
+    QFETCH(QString, shown);
+
+    QLocale::setDefault(QLocale(language));
+    CNumericEdit edit;
+    edit.setText(QStringLiteral("5"));
+    edit.SetValue(value);
+    QCOMPARE(edit.text(), shown);
+    // What is shown reads back as the same number.
+    QCOMPARE(edit.Value(), shown.isEmpty() ? -999.0 : value);
+}
+
+QTEST_MAIN(TestNumericEdit)
+#include "tst_numericedit.moc"
