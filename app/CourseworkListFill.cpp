@@ -90,10 +90,9 @@ std::vector<CourseworkRow> FillCourseworkRows(const CourseworkFilter& filter)
     if (!table.Open(0))
         return rows;
     // Only what a row shows and the score calculation reads.
-    table.SetFilter(7, CCourseworkTable::PropCourseworkName, CCourseworkTable::PropCwTypeID,
+    table.SetFilter(6, CCourseworkTable::PropCourseworkName, CCourseworkTable::PropCwTypeID,
                     CCourseworkTable::PropDueDate, CCourseworkTable::PropScore,
-                    CCourseworkTable::PropPossible, CCourseworkTable::PropCompleted,
-                    CCourseworkTable::PropCourseID);
+                    CCourseworkTable::PropPossible, CCourseworkTable::PropCompleted);
 
     const auto window = DueWindow(filter.tab, filter.now.date(), filter.dueBy);
     const double now = BrindleDate::FromDateTime(filter.now);
