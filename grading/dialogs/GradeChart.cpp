@@ -11,10 +11,13 @@
 
 namespace {
 
-// Light band colours from the best grade down; they repeat on long scales.
-const QColor BandColors[] = {QColor(0xd7, 0xf0, 0xd8), QColor(0xe4, 0xf2, 0xc6),
-                             QColor(0xfb, 0xf0, 0xc0), QColor(0xfd, 0xdf, 0xbf),
-                             QColor(0xf9, 0xcd, 0xc8)};
+// A light band colour running from green for the best grade to red for the
+// worst, however many grades the scale has.
+QColor BandColor(size_t band, size_t bands)
+{
+    const double share = bands > 1 ? double(band) / double(bands - 1) : 0.0;
+    return QColor::fromHsvF(float(0.33 * (1.0 - share)), 0.22f, 0.97f);
+}
 const QColor BarColor(0x1e, 0x63, 0xb0);
 
 } // namespace
@@ -42,8 +45,12 @@ void GradeChart::ComputeScale()
             low = std::min(low, course.fraction * 100.0);
             high = std::max(high, course.fraction * 100.0);
         }
-        for (const Band& band : course.bands)
-            low = std::min(low, band.minimum);
+        // A lowest grade that starts at 0 would squeeze every other band; its
+        // band is simply cut at the left edge.
+        for (const Band& band : course.bands) {
+            if (band.minimum > 0.0)
+                low = std::min(low, band.minimum);
+        }
     }
     // Room for the lowest band below its minimum, in steps of ten.
     m_low = std::clamp(std::floor((low - 5.0) / 10.0) * 10.0, 0.0, 90.0);
@@ -130,7 +137,7 @@ void GradeChart::PaintRow(QPainter& painter, const Course& course, const QRect& 
         const double right = XOf(track, upper);
         if (right > left) {
             const QRectF bandRect(left, track.top(), right - left, track.height());
-            painter.fillRect(bandRect, BandColors[i % std::size(BandColors)]);
+            painter.fillRect(bandRect, BandColor(i, course.bands.size()));
             if (smallMetrics.horizontalAdvance(band.gradeName) + 4 < bandRect.width()) {
                 painter.setPen(palette().color(QPalette::PlaceholderText));
                 painter.drawText(bandRect.adjusted(2, 1, -2, -1), Qt::AlignLeft | Qt::AlignTop,

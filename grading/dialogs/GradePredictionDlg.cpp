@@ -16,6 +16,15 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+namespace {
+// Row padding from the font height, so the columns never touch.
+QString RowPadding(int line)
+{
+    return QStringLiteral("QTreeView::item { padding: %1px %2px; }").arg(line / 6).arg(line / 3);
+}
+
+} // namespace
+
 GradePredictionDlg::GradePredictionDlg(QWidget* parent)
     : QDialog(parent), m_courseCombo(new QComboBox(this)), m_typeList(new QTreeWidget(this))
 {
@@ -32,6 +41,7 @@ GradePredictionDlg::GradePredictionDlg(QWidget* parent)
     m_typeList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_typeList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_typeList->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_typeList->setStyleSheet(RowPadding(fontMetrics().height()));
 
     auto* prompt = new QLabel(ReportStrings::PredictionPrompt(), this);
     prompt->setObjectName(QStringLiteral("promptLabel"));

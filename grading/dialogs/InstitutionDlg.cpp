@@ -45,9 +45,10 @@ InstitutionDlg::InstitutionDlg(QWidget* parent)
     connect(m_scalePage, &InstitutionDlgScalePage::DeleteRequested, this,
             [this](int row) { DeleteGrade(row); });
 
-    const int line = fontMetrics().height();
-    resize(line * 24, line * 24);
     Load();
+    // Wide enough for the longest scale name of the file.
+    const int line = fontMetrics().height();
+    resize(std::max(line * 26, minimumSizeHint().width()), line * 25);
 }
 
 void InstitutionDlg::Load()

@@ -20,6 +20,7 @@ InstitutionDlgScalePage::InstitutionDlgScalePage(QWidget* parent)
 {
     setObjectName(QStringLiteral("gradeScalePage"));
     m_scaleCombo->setObjectName(QStringLiteral("scaleCombo"));
+    m_scaleCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_gradeList->setObjectName(QStringLiteral("gradeList"));
     m_newButton->setObjectName(QStringLiteral("newGradeButton"));
     m_editButton->setObjectName(QStringLiteral("editGradeButton"));
@@ -74,6 +75,8 @@ void InstitutionDlgScalePage::SetScaleNames(const QStringList& names, int select
     m_scaleCombo->clear();
     m_scaleCombo->addItems(names);
     m_scaleCombo->setCurrentIndex(selected);
+    // Every scale name readable in full, whichever is chosen.
+    m_scaleCombo->setMinimumWidth(m_scaleCombo->sizeHint().width());
 }
 
 void InstitutionDlgScalePage::ShowGrades(const std::vector<GradeScaleEntry>& grades,

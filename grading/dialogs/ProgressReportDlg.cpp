@@ -18,6 +18,12 @@
 
 namespace {
 
+// Row padding from the font height, so the columns never touch.
+QString RowPadding(int line)
+{
+    return QStringLiteral("QTreeView::item { padding: %1px %2px; }").arg(line / 6).arg(line / 3);
+}
+
 QPixmap ReportImage(int height, qreal ratio)
 {
     QSvgRenderer renderer(QStringLiteral(":/images/progress_report.svg"));
@@ -53,6 +59,10 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     m_rowList->setRootIsDecorated(false);
     m_rowList->setUniformRowHeights(true);
     m_rowList->setAlternatingRowColors(true);
+    // A report: nothing to select, rows given room to breathe.
+    m_rowList->setSelectionMode(QAbstractItemView::NoSelection);
+    m_rowList->setFocusPolicy(Qt::NoFocus);
+    m_rowList->setStyleSheet(RowPadding(fontMetrics().height()));
     m_rowList->header()->setStretchLastSection(false);
     m_rowList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_rowList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);

@@ -18,6 +18,12 @@
 
 namespace {
 
+// Row padding from the font height, so the columns never touch.
+QString RowPadding(int line)
+{
+    return QStringLiteral("QTreeView::item { padding: %1px %2px; }").arg(line / 6).arg(line / 3);
+}
+
 // A course's minimum percent per grade number; a gap counts as 0.
 std::vector<double> MinimumPercents(quint32 courseId)
 {
@@ -64,6 +70,10 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
     m_courseList->setRootIsDecorated(false);
     m_courseList->setUniformRowHeights(true);
     m_courseList->setAlternatingRowColors(true);
+    // A report: nothing to select, rows given room to breathe.
+    m_courseList->setSelectionMode(QAbstractItemView::NoSelection);
+    m_courseList->setFocusPolicy(Qt::NoFocus);
+    m_courseList->setStyleSheet(RowPadding(fontMetrics().height()));
     m_courseList->setFrameShape(QFrame::Box);
     m_courseList->header()->setStretchLastSection(false);
     m_courseList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
