@@ -20,6 +20,12 @@ function(brindle_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE brindle_options Qt6::Test ${ARG_LIBS})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+    # Tests read the staged data files (help, grade scales) as the program does.
+    foreach(data brindle_help brindle_data)
+        if(TARGET ${data})
+            add_dependencies(${name} ${data})
+        endif()
+    endforeach()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=C.UTF-8;LC_ALL=C.UTF-8;BRINDLE_INSTALL_DIR=${BRINDLE_STAGED_DATA_DIR};ASAN_OPTIONS=detect_leaks=0"
