@@ -60,7 +60,7 @@ public:
     int FillCount() const { return m_fillCount; }
 
 signals:
-    // The user chose another course in the selector (the state is written).
+    // The user chose another course in the selector; the state holds it.
     void CurrentCourseChanged();
     // The banner's exit was chosen.
     void BannerCommand();
