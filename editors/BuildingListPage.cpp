@@ -10,7 +10,8 @@
 
 CBuildingListPage::CBuildingListPage(std::vector<BuildingEntry>& entries,
                                      std::vector<quint32>& removedIds, QWidget* parent)
-    : CListEditPage(QString(), QStringLiteral(":/images/buildings.svg"), parent),
+    : CListEditPage(EditorStrings::BuildingsHint(), QStringLiteral(":/images/buildings.svg"),
+                    parent),
       m_entries(entries), m_removedIds(removedIds), m_name(new QLineEdit(this))
 {
     List()->setObjectName(QStringLiteral("buildingList"));

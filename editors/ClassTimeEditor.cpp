@@ -65,6 +65,9 @@ CClassTimeEditor::CClassTimeEditor(QWidget* parent)
         dayRow->addWidget(button);
     }
     dayRow->addStretch();
+    // A set day stands out clearly, not only by a faint sunken frame.
+    setStyleSheet(QStringLiteral("QToolButton:checked { background: palette(highlight); "
+                                 "color: palette(highlighted-text); }"));
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);

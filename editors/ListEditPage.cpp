@@ -33,8 +33,8 @@ CListEditPage::CListEditPage(const QString& hint, const QString& picture, QWidge
     connect(m_editorButtons, &QDialogButtonBox::rejected, this, [this] { FinishEditor(false); });
     auto* panelLayout = new QVBoxLayout(m_panel);
     panelLayout->setContentsMargins(0, 0, 0, 0);
-    panelLayout->addStretch();
     panelLayout->addWidget(m_editorButtons);
+    panelLayout->addStretch();
 
     m_stack->addWidget(m_list);
     m_stack->addWidget(m_panel);

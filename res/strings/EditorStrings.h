@@ -281,6 +281,10 @@ inline QString BuildingsTitle()
 {
     return BrindleText::tr("Buildings");
 }
+inline QString BuildingsHint()
+{
+    return BrindleText::tr("Tap and hold in the list below to add and edit buildings.");
+}
 inline QString NewBuilding()
 {
     return BrindleText::tr("New Building");
