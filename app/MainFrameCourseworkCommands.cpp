@@ -1,7 +1,54 @@
 #include "MainFrame.h"
 
+#include "BrindleData.h"
+#include "controls/DialogRunner.h"
+#include "editors/CourseworkDlg.h"
+#include "grading/GradeCalculation.h"
+#include "grading/PredictionStore.h"
+#include "grading/dialogs/GradingDlg.h"
+
 // Coursework and grading policy: Add Coursework, Edit Grading Policy, and
 // opening a coursework of the list.
 void CMainFrame::WireCourseworkCommands()
 {
+    Connect(m_addCoursework, [this] {
+        CAppStateTable& state = CAppStateTable::Instance();
+        CourseworkDlg dialog(this);
+        // "All Courses" leaves the course open: the dialog asks for one.
+        dialog.SetCourseID(state.GetCurrentCourseID());
+        dialog.SetNew(true);
+        if (!dialog.OnInitDialog() || DialogRunner::Run(dialog) != QDialog::Accepted)
+            return;
+        if (state.GetCurrentSemesterID() != WorkingSemesterID ||
+            CPredictionStore::Instance().IsActive())
+            return;
+        RefreshLayout();
+        RefreshList();
+        RefreshGradeBar();
+    });
+
+    Connect(m_editGradingPolicy, [this] {
+        CAppStateTable& state = CAppStateTable::Instance();
+        const quint32 courseId = state.GetCurrentCourseID();
+        if (courseId == AllCoursesID)
+            return;
+        GradingDlg dialog(courseId, false, this);
+        if (DialogRunner::Run(dialog) != QDialog::Accepted)
+            return;
+        RecomputeCourseGrade(courseId);
+        RefreshTypeFilter();
+        if (state.GetCurrentTabID() == CViewTabTable::CwTypeTab)
+            RefreshList();
+        RefreshGradeBar();
+    });
+
+    m_openCoursework = [this](quint32 courseworkId) {
+        CourseworkDlg dialog(this);
+        dialog.SetCourseworkID(courseworkId);
+        dialog.SetNew(false);
+        if (!dialog.OnInitDialog() || DialogRunner::Run(dialog) != QDialog::Accepted)
+            return;
+        RefreshList();
+        RefreshGradeBar();
+    };
 }

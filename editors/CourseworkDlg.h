@@ -1,0 +1,87 @@
+#pragma once
+
+#include "CourseworkTable.h"
+
+#include <QDialog>
+
+class CourseworkDlgDetailsPage;
+class CourseworkDlgInfoPage;
+class QAction;
+class QTabWidget;
+
+// Creates or edits one coursework. A new coursework's record exists from the
+// moment the dialog opens; OK saves it, Cancel removes it again.
+class CourseworkDlg : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // As a course id: not chosen yet, the dialog asks for one.
+    static constexpr quint32 NoCourseID = 0xFFFFFFFF;
+
+    explicit CourseworkDlg(QWidget* parent = nullptr);
+    ~CourseworkDlg() override;
+
+    // Set before opening. Editing needs only the coursework id.
+    void SetCourseID(quint32 courseId) { m_courseId = courseId; }
+    void SetCourseworkID(quint32 courseworkId) { m_courseworkId = courseworkId; }
+    void SetNew(bool isNew) { m_new = isNew; }
+
+    // The opening steps. False when there is nothing to edit (no course was
+    // chosen, or the coursework is gone): the dialog is then done, cancelled,
+    // and must not be shown.
+    bool OnInitDialog();
+    // The save steps; false (the dialog stays open) when a field is refused.
+    bool Save();
+    // OK: save, then close.
+    bool OnOK();
+    // Cancel: a new coursework's record is removed.
+    void OnCancel();
+
+    // The "Add" menu.
+    void OnAddCwType();
+    void OnAddTextbook();
+
+    quint32 CourseID() const { return m_courseId; }
+    quint32 CourseworkID() const { return m_courseworkId; }
+    bool IsNew() const { return m_new; }
+    // Score and points possible as they stood before the last save (-1.0: none).
+    double Score() const { return m_score; }
+    double Possible() const { return m_possible; }
+
+    QTabWidget* Pages() const { return m_pages; }
+    CourseworkDlgInfoPage* InfoPage() const { return m_infoPage; }
+    CourseworkDlgDetailsPage* DetailsPage() const { return m_detailsPage; }
+    QAction* AddCwTypeAction() const { return m_addCwType; }
+    QAction* AddTextbookAction() const { return m_addTextbook; }
+
+public slots:
+    void accept() override;
+    void reject() override;
+
+private:
+    bool ChooseCourse();
+    bool CreateRecord();
+    void FillFields();
+    void FillTypes(quint32 selectedTypeId);
+    void FillTextbooks(quint32 selectedTextbookId);
+    void ShowWeightForCourse();
+    void OnPointsEdited();
+    // A message for the first numeric field that holds a negative number.
+    QString RangeProblem() const;
+
+    CCourseworkTable m_coursework; // open on the edited record for the dialog's life
+    quint32 m_courseId = NoCourseID;
+    quint32 m_courseworkId = 0;
+    bool m_new = false;
+    bool m_opened = false;
+    bool m_finished = false; // saved or removed
+    double m_score = -1.0;
+    double m_possible = -1.0;
+
+    QTabWidget* m_pages;
+    CourseworkDlgInfoPage* m_infoPage;
+    CourseworkDlgDetailsPage* m_detailsPage;
+    QAction* m_addCwType = nullptr;
+    QAction* m_addTextbook = nullptr;
+};

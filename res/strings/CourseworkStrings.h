@@ -1,0 +1,101 @@
+#pragma once
+
+#include "Tr.h"
+
+// Texts of the coursework editor.
+namespace CourseworkStrings {
+
+inline QString NewCoursework()
+{
+    return BrindleText::tr("New Coursework");
+}
+inline QString EditCoursework()
+{
+    return BrindleText::tr("Edit Coursework");
+}
+inline QString AddCourseworkTo()
+{
+    return BrindleText::tr("Add Coursework To...");
+}
+
+inline QString PageInfo()
+{
+    return BrindleText::tr("Coursework Info");
+}
+inline QString PageDetails()
+{
+    return BrindleText::tr("Details");
+}
+
+inline QString Name()
+{
+    return BrindleText::tr("Name: ");
+}
+inline QString CwType()
+{
+    return BrindleText::tr("Cw Type: ");
+}
+inline QString DueDate()
+{
+    return BrindleText::tr("Due Date: ");
+}
+inline QString Score()
+{
+    return BrindleText::tr("Score: ");
+}
+inline QString OutOf()
+{
+    return BrindleText::tr("Out Of");
+}
+inline QString Textbook()
+{
+    return BrindleText::tr("Textbook: ");
+}
+inline QString NoTextbook()
+{
+    return BrindleText::tr("No Textbook");
+}
+inline QString Weight()
+{
+    return BrindleText::tr("Weight: ");
+}
+inline QString Progress()
+{
+    return BrindleText::tr("Progress: ");
+}
+inline QString ProgressPercent(int percent)
+{
+    return BrindleText::tr("%1%").arg(percent);
+}
+
+inline QString MenuAdd()
+{
+    return BrindleText::tr("Add");
+}
+inline QString AddCwType()
+{
+    return BrindleText::tr("Cw Type...");
+}
+inline QString AddTextbook()
+{
+    return BrindleText::tr("Textbook...");
+}
+
+inline QString NameEmpty()
+{
+    return BrindleText::tr("Coursework name empty.");
+}
+inline QString ScoreOutOfRange()
+{
+    return BrindleText::tr("The score must be a number of 0 or more.");
+}
+inline QString OutOfOutOfRange()
+{
+    return BrindleText::tr("The points possible (Out Of) must be a number of 0 or more.");
+}
+inline QString WeightOutOfRange()
+{
+    return BrindleText::tr("The weight must be a number of 0 or more.");
+}
+
+} // namespace CourseworkStrings
