@@ -1,9 +1,12 @@
 #include "app/MainFrame.h"
 #include "app/MainView.h"
 #include "controls/DialogRunner.h"
+#include "controls/HelpViewer.h"
 #include "grading/PredictionStore.h"
 #include "grading/dialogs/GradeChart.h"
+#include "grading/dialogs/GradePointDlg.h"
 #include "grading/dialogs/GradePredictionDlg.h"
+#include "grading/dialogs/GradePredictionDlgScoreEditor.h"
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/ProgressReportDlg.h"
 #include "grading/dialogs/ReportCardDlg.h"
@@ -12,7 +15,9 @@
 #include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -74,6 +79,8 @@ private slots:
     void commandsOpenTheirDialogs_data();
     void commandsOpenTheirDialogs();
     void institutionRefreshesTheGpaBar();
+    void helpButtonsOpenTheirTopics_data();
+    void helpButtonsOpenTheirTopics();
 };
 
 void TestReportCardDlg::gpaLines_data()
@@ -288,6 +295,58 @@ void TestReportCardDlg::institutionRefreshesTheGpaBar()
     });
     frame.findChild<QAction*>(QStringLiteral("actionInstitution"))->trigger();
     QCOMPARE(bar->text(), QStringLiteral("GPA: 3.50"));
+}
+
+void TestReportCardDlg::helpButtonsOpenTheirTopics_data()
+{
+    QTest::addColumn<QString>("dialog");
+    QTest::addColumn<QString>("topic");
+
+    // The small editors open the section of the dialog they belong to.
+    QTest::newRow("report card") << QStringLiteral("ReportCardDlg")
+                                 << QStringLiteral("ReportCardDlg");
+    QTest::newRow("progress report")
+        << QStringLiteral("ProgressReportDlg") << QStringLiteral("ProgressReportDlg");
+    QTest::newRow("institution") << QStringLiteral("InstitutionDlg")
+                                 << QStringLiteral("InstitutionDlg");
+    QTest::newRow("grade point") << QStringLiteral("GradePointDlg")
+                                 << QStringLiteral("InstitutionDlg");
+    QTest::newRow("prediction") << QStringLiteral("GradePredictionDlg")
+                                << QStringLiteral("GradePredictionDlg");
+    QTest::newRow("score to give")
+        << QStringLiteral("GradePredictionDlgScoreEditor") << QStringLiteral("GradePredictionDlg");
+}
+
+void TestReportCardDlg::helpButtonsOpenTheirTopics()
+{
+    QFETCH(QString, dialog);
+    QFETCH(QString, topic);
+
+    TestDatabase db;
+    QVERIFY(db.IsReady());
+    const quint32 course = Course(QStringLiteral("Biology"), 0.85);
+    std::unique_ptr<QDialog> shown;
+    if (dialog == QLatin1String("ReportCardDlg"))
+        shown = std::make_unique<ReportCardDlg>();
+    else if (dialog == QLatin1String("ProgressReportDlg"))
+        shown = std::make_unique<ProgressReportDlg>(course);
+    else if (dialog == QLatin1String("InstitutionDlg"))
+        shown = std::make_unique<InstitutionDlg>();
+    else if (dialog == QLatin1String("GradePointDlg"))
+        shown = std::make_unique<GradePointDlg>(GradePointDlg::NewGradePoint);
+    else if (dialog == QLatin1String("GradePredictionDlg"))
+        shown = std::make_unique<GradePredictionDlg>();
+    else
+        shown = std::make_unique<GradePredictionDlgScoreEditor>();
+    QCOMPARE(shown->objectName(), dialog);
+
+    auto* buttons = shown->findChild<QDialogButtonBox*>();
+    QVERIFY(buttons && buttons->button(QDialogButtonBox::Help));
+    buttons->button(QDialogButtonBox::Help)->click();
+    auto* viewer = shown->findChild<CHelpViewer*>();
+    QVERIFY(viewer);
+    QCOMPARE(viewer->CurrentTopic(), topic);
+    viewer->close();
 }
 
 QTEST_MAIN(TestReportCardDlg)
