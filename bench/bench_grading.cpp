@@ -147,8 +147,9 @@ int main(int argc, char** argv)
         return 1;
     const quint32 courseId = FillLargeCourse();
     const double recompute = MedianMs(21, [&] { RecomputeCourseGrade(courseId); });
-    std::printf("recompute_course_grade: median_ms=%.3f (200 coursework, 8 types with drops; grade %.4f)\n",
-                recompute, GetCourseGrade(courseId));
+    std::printf(
+        "recompute_course_grade: median_ms=%.3f (200 coursework, 8 types with drops; grade %.4f)\n",
+        recompute, GetCourseGrade(courseId));
 
     if (!MountFresh(dir.filePath(QStringLiteral("gpa.db"))))
         return 1;

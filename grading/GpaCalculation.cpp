@@ -22,8 +22,7 @@ constexpr quint16 HighestScoredGrade = 11;
 class CGpaSum
 {
 public:
-    explicit CGpaSum(bool weighted)
-        : m_weighted(weighted)
+    explicit CGpaSum(bool weighted) : m_weighted(weighted)
     {
         m_course.Open();
         m_course.SetFilter(3, CCourseTable::PropCurrentGrade, CCourseTable::PropCourseHours,

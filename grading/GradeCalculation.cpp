@@ -11,8 +11,8 @@
 #include "Transaction.h"
 
 #include <algorithm>
-#include <optional>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -158,7 +158,8 @@ quint16 GetGradeIndex(quint32 courseId, double fraction)
     if (rows.Open(MinimumByCourse)) {
         const CCeDBProp key(courseId);
         rows.SetSeekValue(&key, CDataTable::SeekValueEqual);
-        rows.SetFilter(2, CGradingPolicyGradeTable::PropGrade, CGradingPolicyGradeTable::PropMinimumPercent);
+        rows.SetFilter(2, CGradingPolicyGradeTable::PropGrade,
+                       CGradingPolicyGradeTable::PropMinimumPercent);
         for (int ok = rows.MoveFirst(1); ok; ok = rows.MoveNext(1)) {
             const quint16 grade = rows.GetGrade();
             if (grade >= minimum.size())
@@ -236,7 +237,8 @@ TypeSummary SummarizeType(quint32 cwTypeId, CGradingPolicyTable::Weighting weigh
             continue; // not graded: counted only
         if (summary.scoreTotal == -1.0)
             summary.scoreTotal = 0.0;
-        if (weighting == CGradingPolicyTable::WeightNone || weighting == CGradingPolicyTable::WeightByType) {
+        if (weighting == CGradingPolicyTable::WeightNone ||
+            weighting == CGradingPolicyTable::WeightByType) {
             summary.scoreTotal += e.score;
             if (e.possible != -1.0)
                 summary.possibleTotal += e.possible;

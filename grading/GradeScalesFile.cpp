@@ -53,7 +53,8 @@ QString Widen(const QByteArray& bytes)
     QString text(bytes.size(), Qt::Uninitialized);
     QChar* out = text.data();
     for (qsizetype i = 0; i < bytes.size(); ++i)
-        out[i] = QChar(static_cast<char16_t>(static_cast<qint16>(static_cast<signed char>(bytes[i]))));
+        out[i] =
+            QChar(static_cast<char16_t>(static_cast<qint16>(static_cast<signed char>(bytes[i]))));
     return text;
 }
 

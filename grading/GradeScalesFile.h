@@ -21,7 +21,9 @@ struct GradeScale
 // The predefined scales of "GradeScales.txt": one comma-separated stream of
 // the scale count, then per scale its name, its grade count and each grade's
 // name and points. Never fails: whatever the bytes, it returns the scales it
-// could read.
+// could read. A scale cut short by the end of the bytes keeps the grades it
+// read whole (a grade name without its points is left out); every count is
+// bounded by the fields actually present.
 std::vector<GradeScale> ParseGradeScales(const QByteArray& bytes);
 
 // Reads GradeScales.txt from the installation folder; none when it is missing.

@@ -6,6 +6,9 @@
 namespace GradingStrings {
 
 // The coursework type every new course starts with.
-inline QString DefaultCwTypeName() { return BrindleText::tr("Homework"); }
+inline QString DefaultCwTypeName()
+{
+    return BrindleText::tr("Homework");
+}
 
 } // namespace GradingStrings

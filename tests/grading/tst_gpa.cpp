@@ -24,7 +24,8 @@ using GpaCourses = std::vector<GpaCourse>;
 
 quint32 AddCourse(const GpaCourse& c, quint32 archiveId)
 {
-    const quint32 id = Records::Course(QStringLiteral("Course"), c.archived ? archiveId : 0, c.grade);
+    const quint32 id =
+        Records::Course(QStringLiteral("Course"), c.archived ? archiveId : 0, c.grade);
     CCourseTable course;
     course.Open();
     course.MoveToRecord(id);
@@ -120,16 +121,20 @@ void TestGpa::gpa_data()
 
     const GpaCourses zeroHours{{0.95, 0}, {0.85, 0}};
     QTest::newRow("nothing at all") << GpaCourses{} << 0.0 << 0.0 << false << -1.0 << -1.0 << -1.0;
-    QTest::newRow("only ungraded courses") << GpaCourses{{-1.0, 3}} << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
-    QTest::newRow("zero-hour courses, weighted") << zeroHours << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
+    QTest::newRow("only ungraded courses")
+        << GpaCourses{{-1.0, 3}} << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
+    QTest::newRow("zero-hour courses, weighted")
+        << zeroHours << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
     QTest::newRow("zero-hour courses, unweighted: the average")
         << zeroHours << 0.0 << 0.0 << false << 3.5 << 3.5 << 3.5;
     QTest::newRow("weighted by hours")
         << GpaCourses{{0.95, 3}, {0.75, 1}} << 0.0 << 0.0 << true << 3.5 << 3.5 << 3.5;
-    QTest::newRow("unweighted") << GpaCourses{{0.95, 3}, {0.75, 1}} << 0.0 << 0.0 << false << 3.0 << 3.0 << 3.0;
+    QTest::newRow("unweighted") << GpaCourses{{0.95, 3}, {0.75, 1}} << 0.0 << 0.0 << false << 3.0
+                                << 3.0 << 3.0;
     QTest::newRow("a failing course counts with 0 points")
         << GpaCourses{{0.95, 3}, {0.10, 1}} << 0.0 << 0.0 << true << 3.0 << 3.0 << 3.0;
-    QTest::newRow("0 % counts") << GpaCourses{{0.95, 3}, {0.0, 1}} << 0.0 << 0.0 << false << 2.0 << 2.0 << 2.0;
+    QTest::newRow("0 % counts") << GpaCourses{{0.95, 3}, {0.0, 1}} << 0.0 << 0.0 << false << 2.0
+                                << 2.0 << 2.0;
     QTest::newRow("hours left empty count 0 when weighted")
         << GpaCourses{{0.95, -999.0}, {0.85, 2}} << 0.0 << 0.0 << true << 3.0 << 3.0 << 3.0;
     QTest::newRow("in major only")

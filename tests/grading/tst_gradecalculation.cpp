@@ -39,8 +39,8 @@ quint32 MakeCourse(quint32 weighting, const Course& types)
         const quint32 typeId =
             Records::CwType(courseId, QStringLiteral("Type %1").arg(++n), type.weight, type.drops);
         for (const Item& item : type.items)
-            Records::Coursework(courseId, typeId, QStringLiteral("Item"), item.score, item.possible, 0.0,
-                                0, item.weight);
+            Records::Coursework(courseId, typeId, QStringLiteral("Item"), item.score, item.possible,
+                                0.0, 0, item.weight);
     }
     return courseId;
 }
@@ -122,7 +122,8 @@ void TestGradeCalculation::courseFraction_data()
             << w << Course{{1.0, 1, {{-1, 10, 1}, {-1, 20, 1}}}, {2.0, 0, {{-1, 5, 1}}}} << -1.0;
     }
     QTest::newRow("none: 8/10 and 5/10") << 0u << Course{eightAndFive} << 0.65;
-    QTest::newRow("none: one drop takes the 5/10") << 0u << Course{{0.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
+    QTest::newRow("none: one drop takes the 5/10")
+        << 0u << Course{{0.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
     // After the 2/10 goes the rest sit at the average: the second drop finds
     // nothing (the other type shows whether one or two were dropped).
     QTest::newRow("none: drops 2 drops only one")
@@ -136,8 +137,10 @@ void TestGradeCalculation::courseFraction_data()
         << 0u << Course{{0.0, 3, {{8, 10}, {-1, 10}, {0, 0}}}} << 0.8;
     QTest::newRow("none: a type with nothing graded is left out")
         << 0u << Course{eightAndFive, {0.0, 0, {{-1, 50}}}} << 0.65;
-    QTest::newRow("by type: weights 1 and 3") << 1u << Course{{1.0, 0, {{8, 10}}}, {3.0, 0, {{5, 10}}}} << 0.575;
-    QTest::newRow("by type: drop inside the type") << 1u << Course{{1.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
+    QTest::newRow("by type: weights 1 and 3")
+        << 1u << Course{{1.0, 0, {{8, 10}}}, {3.0, 0, {{5, 10}}}} << 0.575;
+    QTest::newRow("by type: drop inside the type")
+        << 1u << Course{{1.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
     QTest::newRow("by type: every weight 0 gives 0.0")
         << 1u << Course{{0.0, 0, {{8, 10}}}, {0.0, 0, {{5, 10}}}} << 0.0;
     QTest::newRow("per item: weights 1 and 3")
@@ -276,7 +279,8 @@ void TestGradeCalculation::defaultPolicy()
     QCOMPARE(type.GetWeight(), 0.0);
     QCOMPARE(type.GetDrops(), quint16(0));
     QCOMPARE(Records::Count("GradingPolicy"), 1);
-    QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(courseId), CGradingPolicyTable::WeightNone);
+    QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(courseId),
+             CGradingPolicyTable::WeightNone);
 
     QList<double> stored(minima.size(), -1.0);
     CGradingPolicyGradeTable rows;

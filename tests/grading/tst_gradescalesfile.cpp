@@ -12,7 +12,8 @@ namespace {
 double PointsOf(const QByteArray& field)
 {
     const auto scales = ParseGradeScales("1,S,1,A," + field);
-    return scales.size() == 1 && scales[0].grades.size() == 1 ? scales[0].grades[0].points : qQNaN();
+    return scales.size() == 1 && scales[0].grades.size() == 1 ? scales[0].grades[0].points
+                                                              : qQNaN();
 }
 
 // Restores an environment variable when the test ends, however it ends.
@@ -65,15 +66,16 @@ void TestGradeScalesFile::shippedFileHoldsTheCommonScales()
         QStringList names;
         for (size_t g = 0; g < scale.grades.size(); ++g) {
             const GradeScaleEntry& e = scale.grades[g];
-            QVERIFY2(e.points > 0.0 && e.points <= 4.3, qPrintable(scale.name + QLatin1Char(' ') + e.name));
+            QVERIFY2(e.points > 0.0 && e.points <= 4.3,
+                     qPrintable(scale.name + QLatin1Char(' ') + e.name));
             if (g > 0) // best grade first; only passing grades
                 QVERIFY(e.points <= scale.grades[g - 1].points);
             names << e.name;
         }
         const QString joined = names.join(QLatin1Char(' '));
         plainFour |= joined == QStringLiteral("A B C D") && scale.grades[0].points == 4.0;
-        plusMinus |= joined == QStringLiteral("A+ A A- B+ B B- C+ C C- D+ D D-") && scale.grades[0].points == 4.0 &&
-                     scale.grades[11].points == 0.7;
+        plusMinus |= joined == QStringLiteral("A+ A A- B+ B B- C+ C C- D+ D D-") &&
+                     scale.grades[0].points == 4.0 && scale.grades[11].points == 0.7;
         fourThree |= scale.grades[0].name == QStringLiteral("A+") && scale.grades[0].points == 4.3;
     }
     QVERIFY(plainFour);
@@ -99,7 +101,8 @@ void TestGradeScalesFile::numbers_data()
     QTest::newRow("3.05: B 5, L 2") << QByteArray("3.05") << 3.05;
     QTest::newRow("-0.5 reads 0.5") << QByteArray("-0.5") << 0.5;
     QTest::newRow("-3.25") << QByteArray("-3.25") << -3.25;
-    QTest::newRow("only the first dot splits") << QByteArray("1.2.") << 1.18; // B = 2 x 10 + ('.' - '0')
+    QTest::newRow("only the first dot splits")
+        << QByteArray("1.2.") << 1.18; // B = 2 x 10 + ('.' - '0')
     QTest::newRow("a letter adds its code minus 48") << QByteArray("x") << 72.0;
     QTest::newRow("a line break is a character too") << QByteArray("\n3") << -377.0;
     QTest::newRow("empty") << QByteArray() << 0.0;
@@ -133,11 +136,14 @@ void TestGradeScalesFile::structure_data()
     QTest::newRow("no scales") << QByteArray("0") << QList<int>{};
     QTest::newRow("negative count") << QByteArray("-2,S,1,A,4") << QList<int>{};
     QTest::newRow("two scales") << QByteArray("2,S,1,A,4,T,2,A,4,B,3") << QList<int>{1, 2};
-    QTest::newRow("fields beyond the count are ignored") << QByteArray("1,S,1,A,4,T,1,A,4") << QList<int>{1};
+    QTest::newRow("fields beyond the count are ignored")
+        << QByteArray("1,S,1,A,4,T,1,A,4") << QList<int>{1};
     QTest::newRow("truncated inside a grade") << QByteArray("2,S,2,A,4.0,B") << QList<int>{1};
     QTest::newRow("truncated after a name") << QByteArray("1,S") << QList<int>{};
-    QTest::newRow("huge counts, few fields") << QByteArray("99999999999999999999,S,88888888888,A,4") << QList<int>{1};
-    QTest::newRow("count of digits beyond any double") << QByteArray(400, '9') + ",S,1,A,4" << QList<int>{1};
+    QTest::newRow("huge counts, few fields")
+        << QByteArray("99999999999999999999,S,88888888888,A,4") << QList<int>{1};
+    QTest::newRow("count of digits beyond any double")
+        << QByteArray(400, '9') + ",S,1,A,4" << QList<int>{1};
 }
 
 void TestGradeScalesFile::structure()
