@@ -172,10 +172,17 @@ bool InstitutionDlg::Save()
         return false;
     }
 
+    // Scale, minimums and GPA information land together or not at all.
     CTransaction transaction;
-    WriteScale();
-    WriteGpaInfo(m_gpaPage->ShowWithHours(), pastHours, pastPoints);
-    transaction.Commit();
+    if (!WriteScale() || !WriteGpaInfo(m_gpaPage->ShowWithHours(), pastHours, pastPoints) ||
+        !transaction.Commit()) {
+        transaction.Rollback();
+        BrindleMessageBox::Warn(this, ReportStrings::InstitutionNotSaved());
+        return false;
+    }
+    // The store copies the flag into the state's record; the long-lived state
+    // object must not write its old copy back on its next update.
+    CAppStateTable::Instance().SetShowGPAWithHours(m_gpaPage->ShowWithHours() ? 1 : 0);
     return true;
 }
 
@@ -185,57 +192,59 @@ void InstitutionDlg::accept()
         QDialog::accept();
 }
 
-void InstitutionDlg::WriteScale()
+bool InstitutionDlg::WriteScale()
 {
     CGradeScaleTable scale;
     if (!scale.Open())
-        return;
+        return false;
+    bool ok = true;
     const int gradeCount = static_cast<int>(m_grades.size());
     if (scale.GetRecordCount() == gradeCount) {
         // Same number of grades: names and points change, every course's
         // minimum percents stay.
-        for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1)) {
+        for (int found = scale.MoveFirst(1); found; found = scale.MoveNext(1)) {
             const size_t grade = scale.GetGrade();
             if (grade >= m_grades.size())
                 continue;
             scale.SetGradePoints(m_grades[grade].points);
             scale.SetGradeName(m_grades[grade].name);
-            scale.UpdateRecord();
+            ok = scale.UpdateRecord() && ok;
         }
-        return;
+        return ok;
     }
 
-    for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1))
-        scale.DeleteRecord(0);
+    for (int found = scale.MoveFirst(1); found; found = scale.MoveNext(1))
+        ok = scale.DeleteRecord(0) && ok;
     for (int grade = 0; grade < gradeCount; ++grade) {
         scale.NewRecord(0);
         scale.SetGrade(static_cast<quint16>(grade));
         scale.SetGradeName(m_grades[static_cast<size_t>(grade)].name);
         scale.SetGradePoints(m_grades[static_cast<size_t>(grade)].points);
-        scale.UpdateRecord();
+        ok = scale.UpdateRecord() && ok;
     }
     scale.Close();
-    RebuildMinimumPercents(gradeCount);
+    return RebuildMinimumPercents(gradeCount) && ok;
 }
 
 // A new number of grades: every course of every semester gets minimums falling
 // evenly from just under 100 down to its old lowest minimum.
-void InstitutionDlg::RebuildMinimumPercents(int gradeCount)
+bool InstitutionDlg::RebuildMinimumPercents(int gradeCount)
 {
     CCourseOrderTable order;
     if (!order.Open())
-        return;
-    for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1)) {
+        return false;
+    bool ok = true;
+    for (int found = order.MoveFirst(1); found; found = order.MoveNext(1)) {
         const quint32 courseId = order.GetCourseID();
         CGradingPolicyGradeTable minimums;
         if (!minimums.Open(0))
-            continue;
+            return false;
         const CCeDBProp key(courseId);
         minimums.SetSeekValue(&key, CDataTable::SeekValueEqual);
         double lowest = 100.0;
-        for (int found = minimums.MoveFirst(1); found; found = minimums.MoveNext(1)) {
+        for (int row = minimums.MoveFirst(1); row; row = minimums.MoveNext(1)) {
             lowest = std::min(lowest, minimums.GetMinimumPercent());
-            minimums.DeleteRecord(0);
+            ok = minimums.DeleteRecord(0) && ok;
         }
         const double step = (100.0 - lowest) / gradeCount;
         for (int grade = 0; grade < gradeCount; ++grade) {
@@ -243,26 +252,23 @@ void InstitutionDlg::RebuildMinimumPercents(int gradeCount)
             minimums.SetCourseID(courseId);
             minimums.SetGrade(static_cast<quint16>(grade));
             minimums.SetMinimumPercent(std::trunc(100.0 - (grade + 1) * step));
-            minimums.UpdateRecord();
+            ok = minimums.UpdateRecord() && ok;
         }
     }
+    return ok;
 }
 
-void InstitutionDlg::WriteGpaInfo(bool showWithHours, double pastHours, double pastPoints)
+bool InstitutionDlg::WriteGpaInfo(bool showWithHours, double pastHours, double pastPoints)
 {
     CGPAInfoTable gpa;
     if (gpa.Open() && gpa.MoveFirst(1)) {
         gpa.SetWeightedByCourseHours(showWithHours ? 1 : 0);
         gpa.SetTotalPastHours(pastHours);
         gpa.SetTotalPastPoints(pastPoints);
-        gpa.UpdateRecord();
-    } else {
-        // No GPA record to carry the flag: the state keeps it alone.
-        CAppStateTable::Instance().SetShowGPAWithHours(showWithHours ? 1 : 0);
-        CAppStateTable::Instance().UpdateRecord();
-        return;
+        return gpa.UpdateRecord() != 0;
     }
-    // The store copies the flag into the state's record; the long-lived state
-    // object must not write its old copy back on its next update.
+    // No GPA record to carry the flag (nothing is created): the state keeps
+    // it alone.
     CAppStateTable::Instance().SetShowGPAWithHours(showWithHours ? 1 : 0);
+    return CAppStateTable::Instance().UpdateRecord() != 0;
 }

@@ -50,9 +50,10 @@ public:
 
 private:
     void ShowGrades(int selectedRow = -1);
-    void WriteScale();
-    static void RebuildMinimumPercents(int gradeCount);
-    void WriteGpaInfo(bool showWithHours, double pastHours, double pastPoints);
+    // Each false when a write failed; the caller rolls everything back.
+    bool WriteScale();
+    static bool RebuildMinimumPercents(int gradeCount);
+    static bool WriteGpaInfo(bool showWithHours, double pastHours, double pastPoints);
 
     std::vector<GradeScaleEntry> m_grades;
     GradeScale m_storedScale;

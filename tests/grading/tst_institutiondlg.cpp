@@ -135,6 +135,7 @@ private slots:
     void saveWritesGpaInfo();
     void negativePastValuesRefused();
     void cancelWritesNothing();
+    void failedWriteChangesNothing();
 
 private:
     QTemporaryDir m_installDir;
@@ -502,6 +503,30 @@ void TestInstitutionDlg::cancelWritesNothing()
     const GpaInfo info = StoredGpaInfo();
     QCOMPARE(info.hours, 0.0);
     QCOMPARE(info.weighted, 0);
+}
+
+void TestInstitutionDlg::failedWriteChangesNothing()
+{
+    TestDatabase db;
+    QVERIFY(db.IsReady());
+    const quint32 course = CourseWithMinimums(QStringLiteral("Art"), {90, 80, 70, 60});
+    const QStringList before = StoredScale();
+    // The minimum-percent rebuild fails half way, after the scale was rewritten.
+    QVERIFY(CDataTable::GetMount()->Execute(
+        "CREATE TRIGGER RefuseMinimums BEFORE INSERT ON GradingPolicyGrade "
+        "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+
+    InstitutionDlg dialog;
+    dialog.ChooseScale(1); // two grades instead of four
+    dialog.GpaPage()->HoursField()->setText(QStringLiteral("10"));
+    MessageAnswers answers;
+    dialog.accept();
+
+    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+    QCOMPARE(answers.Texts(), QStringList{ReportStrings::InstitutionNotSaved()});
+    QCOMPARE(StoredScale(), before);
+    QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
+    QCOMPARE(StoredGpaInfo().hours, 0.0);
 }
 
 QTEST_MAIN(TestInstitutionDlg)
