@@ -3,6 +3,8 @@
 // long Brindle takes to show its main window beside a bare Qt window.
 //
 // Prints one line per figure: NAME: median_ms=X floor_ms=Y ratio=Z
+// Build it in Release: a Debug build measures Qt's unoptimised inlines, not
+// the program's work.
 #include "BrindleData.h"
 #include "app/CourseworkListFill.h"
 #include "app/CourseworkListModel.h"
