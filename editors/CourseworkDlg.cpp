@@ -228,13 +228,18 @@ void CourseworkDlg::OnPointsEdited()
 
 QString CourseworkDlg::RangeProblem() const
 {
-    if (PointsOf(m_infoPage->ScoreEdit()) < 0.0 && PointsOf(m_infoPage->ScoreEdit()) != -1.0)
+    // Empty fields are allowed (no score, no points, no weight); typed
+    // numbers count from 0 up.
+    auto negative = [](const CNumericEdit* edit) {
+        const double value = edit->Value();
+        return value != CNumericEdit::EmptyValue && value < 0.0;
+    };
+    if (negative(m_infoPage->ScoreEdit()))
         return CourseworkStrings::ScoreOutOfRange();
-    if (PointsOf(m_infoPage->OutOfEdit()) < 0.0 && PointsOf(m_infoPage->OutOfEdit()) != -1.0)
+    if (negative(m_infoPage->OutOfEdit()))
         return CourseworkStrings::OutOfOutOfRange();
     // A hidden weight is stored as it stands; only a shown one is the user's to fix.
-    const double weight = m_infoPage->WeightEdit()->Value();
-    if (m_infoPage->WeightShown() && weight != CNumericEdit::EmptyValue && weight < 0.0)
+    if (m_infoPage->WeightShown() && negative(m_infoPage->WeightEdit()))
         return CourseworkStrings::WeightOutOfRange();
     return QString();
 }
