@@ -6,7 +6,7 @@
 #include "CwTypeTable.h"
 #include "GradeScaleTable.h"
 #include "GradingPolicyGradeTable.h"
-#include "GradingStrings.h"
+#include "res/strings/GradingStrings.h"
 #include "PredictionStore.h"
 #include "Transaction.h"
 
@@ -45,8 +45,8 @@ bool DropOne(TypeSummary& summary, std::vector<DropCandidate>& candidates, quint
     }
     if (eligible.empty())
         return false;
-    // Per Item never drops: the original program behaves so and the
-    // specification keeps it.
+    // Per Item never drops: a student who relies on drops sees the same
+    // grade whichever item would have gone.
     if (weighting == CGradingPolicyTable::WeightPerItem)
         return false;
 
@@ -187,7 +187,7 @@ void LoadCourseTypes(quint32 courseId, CourseTypeList& list)
     order.SetFilter(2, CCwTypeOrderTable::PropCwTypeID, CCwTypeOrderTable::PropCwTypePosition);
     for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1))
         list.emplace_back(order.GetCwTypeID(), order.GetCwTypePosition());
-    // The specification's bubble sort: equal positions keep their read order.
+    // Equal positions keep their read order.
     std::stable_sort(list.begin(), list.end(),
                      [](const auto& a, const auto& b) { return a.second < b.second; });
 }

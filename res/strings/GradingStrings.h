@@ -1,6 +1,6 @@
 #pragma once
 
-#include "res/strings/Tr.h"
+#include "Tr.h"
 
 // Texts the calculation layer writes into records.
 namespace GradingStrings {
