@@ -14,6 +14,7 @@
 #include "store/BrindleData.h"
 
 #include <QButtonGroup>
+#include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QMenu>
 #include <QPushButton>
@@ -49,7 +50,10 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
     layout->addWidget(buttons);
 
     QTreeWidget* types = m_typesPage->List();
-    connect(types, &QWidget::customContextMenuRequested, this, &GradingDlg::ShowTypeMenu);
+    connect(
+        types, &QWidget::customContextMenuRequested, this,
+        [this, types](const QPoint& position) { ShowTypeMenu(RowAt(types, position), position); });
+    types->installEventFilter(this);
     connect(types, &QTreeWidget::itemActivated, this,
             [this, types](QTreeWidgetItem* item) { EditType(types->indexOfTopLevelItem(item)); });
     connect(m_typesPage->ApplyButton(), &QPushButton::clicked, this, [this] { ApplyTypeEdit(); });
@@ -58,7 +62,11 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
     connect(m_weightingPage->Buttons(), &QButtonGroup::idClicked, this,
             [this](int id) { m_weighting = id; });
     QTreeWidget* minimums = m_gradingPage->List();
-    connect(minimums, &QWidget::customContextMenuRequested, this, &GradingDlg::ShowMinimumMenu);
+    connect(minimums, &QWidget::customContextMenuRequested, this,
+            [this, minimums](const QPoint& position) {
+                ShowMinimumMenu(RowAt(minimums, position), position);
+            });
+    minimums->installEventFilter(this);
     connect(minimums, &QTreeWidget::itemActivated, this, [this, minimums](QTreeWidgetItem* item) {
         EditMinimum(minimums->indexOfTopLevelItem(item));
     });
@@ -197,13 +205,37 @@ void GradingDlg::RunTypeCommand(int command, int row)
     }
 }
 
-void GradingDlg::ShowTypeMenu(const QPoint& position)
+int GradingDlg::RowAt(const QTreeWidget* list, const QPoint& position)
+{
+    QTreeWidgetItem* item = list->itemAt(position);
+    return item ? list->indexOfTopLevelItem(item) : -1;
+}
+
+bool GradingDlg::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::ContextMenu ||
+        static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Keyboard)
+        return QDialog::eventFilter(watched, event);
+    QTreeWidget* types = m_typesPage->List();
+    QTreeWidget* minimums = m_gradingPage->List();
+    if (watched != types && watched != minimums)
+        return QDialog::eventFilter(watched, event);
+    auto* list = static_cast<QTreeWidget*>(watched);
+    const int row = list == types ? m_typesPage->SelectedRow() : m_gradingPage->SelectedRow();
+    const QPoint position =
+        row >= 0 ? list->visualItemRect(list->topLevelItem(row)).center() : QPoint();
+    if (list == types)
+        ShowTypeMenu(row, position);
+    else
+        ShowMinimumMenu(row, position);
+    return true;
+}
+
+void GradingDlg::ShowTypeMenu(int row, const QPoint& position)
 {
     QTreeWidget* list = m_typesPage->List();
-    QTreeWidgetItem* item = list->itemAt(position);
-    const int row = item ? list->indexOfTopLevelItem(item) : -1;
-    if (item)
-        list->setCurrentItem(item);
+    if (row >= 0)
+        list->setCurrentItem(list->topLevelItem(row));
     QMenu* menu = BuildTypeMenu(row, this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(list->viewport()->mapToGlobal(position));
@@ -302,14 +334,12 @@ QList<int> GradingDlg::MinimumMenuCommands(int row) const
     return {EditMinimumCommand};
 }
 
-void GradingDlg::ShowMinimumMenu(const QPoint& position)
+void GradingDlg::ShowMinimumMenu(int row, const QPoint& position)
 {
-    QTreeWidget* list = m_gradingPage->List();
-    QTreeWidgetItem* item = list->itemAt(position);
-    const int row = item ? list->indexOfTopLevelItem(item) : -1;
     if (MinimumMenuCommands(row).isEmpty())
         return;
-    list->setCurrentItem(item);
+    QTreeWidget* list = m_gradingPage->List();
+    list->setCurrentItem(list->topLevelItem(row));
     auto* menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("minimumPercentMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);

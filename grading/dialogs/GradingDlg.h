@@ -12,6 +12,7 @@ class GradingDlgTypesPage;
 class GradingDlgWeightingPage;
 class QMenu;
 class QTabWidget;
+class QTreeWidget;
 
 // "Grading Policy": one course's coursework types, weighting and minimum
 // percents. Everything is edited in the working copies below and written on
@@ -82,12 +83,18 @@ public:
 public slots:
     void accept() override;
 
+protected:
+    // The Menu key opens a list's menu on its selected entry.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Load();
     void ShowTypes(int selectedRow);
     void ShowMinimums(int selectedRow);
-    void ShowTypeMenu(const QPoint& position);
-    void ShowMinimumMenu(const QPoint& position);
+    // Menus at a point of the list's viewport, for a row (-1: no entry).
+    void ShowTypeMenu(int row, const QPoint& position);
+    void ShowMinimumMenu(int row, const QPoint& position);
+    static int RowAt(const QTreeWidget* list, const QPoint& position);
 
     quint32 m_courseId;
     std::vector<CwTypeEntry> m_types;

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QTabWidget>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <sqlite3.h>
@@ -104,6 +105,8 @@ private slots:
 
     void typeMenuOfferings_data();
     void typeMenuOfferings();
+    void typeMenuOpensWhereAsked_data();
+    void typeMenuOpensWhereAsked();
     void deletedTypeCourseworkMoves_data();
     void deletedTypeCourseworkMoves();
     void addedThenDeletedNeverStored();
@@ -160,6 +163,53 @@ void TestGradingDlg::typeMenuOfferings()
         dialog.RunTypeCommand(GradingDlg::DeleteTypeCommand, row);
         QCOMPARE(static_cast<int>(dialog.TypeEntries().size()), typeCount);
     }
+}
+
+void TestGradingDlg::typeMenuOpensWhereAsked_data()
+{
+    QTest::addColumn<bool>("keyboard");
+    QTest::addColumn<int>("row"); // -1: below the entries
+    QTest::addColumn<int>("actions");
+
+    // New, Edit, Delete, separator, Move Up / Move Down as the row allows.
+    QTest::newRow("Menu key on the last") << true << 2 << 5;
+    QTest::newRow("Menu key on the middle") << true << 1 << 6;
+    QTest::newRow("right click on the first") << false << 0 << 5;
+    QTest::newRow("right click below the entries") << false << -1 << 1;
+}
+
+void TestGradingDlg::typeMenuOpensWhereAsked()
+{
+    QFETCH(bool, keyboard);
+    QFETCH(int, row);
+    QFETCH(int, actions);
+
+    TestDatabase db;
+    QVERIFY(db.IsReady());
+    const quint32 course = Records::Course(QStringLiteral("Biology"));
+    for (const char* name : {"A", "B", "C"})
+        Records::CwType(course, QString::fromLatin1(name));
+    GradingDlg dialog(course);
+    dialog.show();
+    QTreeWidget* list = dialog.TypesPage()->List();
+    if (keyboard) {
+        list->setCurrentItem(list->topLevelItem(row));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1),
+                                list->mapToGlobal(QPoint(1, 1)));
+        QCoreApplication::sendEvent(list, &event);
+    } else {
+        const QPoint at = row >= 0 ? list->visualItemRect(list->topLevelItem(row)).center()
+                                   : QPoint(5, list->viewport()->height() - 5);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, list->viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(list->viewport(), &event);
+    }
+    auto* menu = dialog.findChild<QMenu*>(QStringLiteral("cwTypeMenu"));
+    QVERIFY(menu);
+    QTRY_VERIFY(menu->isVisible());
+    QCOMPARE(menu->actions().size(), actions);
+    if (row >= 0)
+        QCOMPARE(dialog.TypesPage()->SelectedRow(), row);
+    menu->close();
 }
 
 void TestGradingDlg::deletedTypeCourseworkMoves_data()
