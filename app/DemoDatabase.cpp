@@ -16,7 +16,7 @@
 // they are written into the database as a user would have typed them.
 namespace {
 
-struct TypeSpec
+struct TypeSample
 {
     const char* name;
     double weight;
@@ -24,14 +24,14 @@ struct TypeSpec
     double possible;
 };
 
-struct TimeSpec
+struct TimeSample
 {
     quint16 days;
     int start; // minutes after midnight
     int end;
 };
 
-struct CourseSpec
+struct CourseSample
 {
     const char* name;
     const char* number;
@@ -44,19 +44,19 @@ struct CourseSpec
     const char* email;
     const char* phone;
     const char* office;
-    TimeSpec meeting;
-    TimeSpec lab; // days 0: none
-    TimeSpec officeHours;
+    TimeSample meeting;
+    TimeSample lab; // days 0: none
+    TimeSample officeHours;
     const char* textbook;
     const char* author;
     double cost;
-    std::array<TypeSpec, 4> types;
+    std::array<TypeSample, 4> types;
 };
 
 constexpr quint16 Mo = CTimeTable::Monday, Tu = CTimeTable::Tuesday, We = CTimeTable::Wednesday,
                   Th = CTimeTable::Thursday, Fr = CTimeTable::Friday;
 
-const CourseSpec WorkingCourses[] = {
+const CourseSample WorkingCourses[] = {
     {"Calculus II",
      "MATH 2414",
      "Mathematics",
@@ -164,7 +164,7 @@ const CourseSpec WorkingCourses[] = {
        {"Labs", 0, "Lab", 10}}}},
 };
 
-const CourseSpec ArchivedCourses[] = {
+const CourseSample ArchivedCourses[] = {
     {"English Composition",
      "ENGL 1301",
      "English",
@@ -284,13 +284,13 @@ public:
 private:
     bool WriteScale();
     quint32 Building(const char* name);
-    quint32 Instructor(const CourseSpec& spec);
-    bool Time(quint32 ownerId, const TimeSpec& time);
-    quint32 Course(const CourseSpec& spec, quint32 semesterId, quint16 position,
+    quint32 Instructor(const CourseSample& sample);
+    bool Time(quint32 ownerId, const TimeSample& time);
+    quint32 Course(const CourseSample& sample, quint32 semesterId, quint16 position,
                    const QString& name);
     // Coursework due between `first` and `last`; `finished`: all done and graded.
     // `withOverdue`: the last one due before today is still open.
-    bool Coursework(quint32 courseId, const CourseSpec& spec, int count, const QDate& first,
+    bool Coursework(quint32 courseId, const CourseSample& sample, int count, const QDate& first,
                     const QDate& last, bool finished, bool withOverdue);
 
     QDate m_today;
@@ -346,7 +346,7 @@ quint32 CDemoWriter::Building(const char* name)
     return building.GetRecordID();
 }
 
-bool CDemoWriter::Time(quint32 ownerId, const TimeSpec& time)
+bool CDemoWriter::Time(quint32 ownerId, const TimeSample& time)
 {
     if (time.days == 0)
         return true;
@@ -360,44 +360,44 @@ bool CDemoWriter::Time(quint32 ownerId, const TimeSpec& time)
     return table.UpdateRecord() != 0;
 }
 
-quint32 CDemoWriter::Instructor(const CourseSpec& spec)
+quint32 CDemoWriter::Instructor(const CourseSample& sample)
 {
-    const QString name = Text(spec.instructor);
+    const QString name = Text(sample.instructor);
     if (const auto found = m_instructors.constFind(name); found != m_instructors.constEnd())
         return found.value();
     CInstructorTable instructor;
     if (!instructor.Open() || !instructor.NewRecord(0))
         return 0;
     instructor.SetInstructorName(name);
-    instructor.SetEmail(Text(spec.email));
-    instructor.SetPhoneNumber(Text(spec.phone));
-    instructor.SetRoomNumber(Text(spec.office));
-    instructor.SetBuildingID(Building(spec.building));
-    if (!instructor.UpdateRecord() || !Time(instructor.GetRecordID(), spec.officeHours))
+    instructor.SetEmail(Text(sample.email));
+    instructor.SetPhoneNumber(Text(sample.phone));
+    instructor.SetRoomNumber(Text(sample.office));
+    instructor.SetBuildingID(Building(sample.building));
+    if (!instructor.UpdateRecord() || !Time(instructor.GetRecordID(), sample.officeHours))
         return 0;
     m_instructors.insert(name, instructor.GetRecordID());
     return instructor.GetRecordID();
 }
 
-quint32 CDemoWriter::Course(const CourseSpec& spec, quint32 semesterId, quint16 position,
+quint32 CDemoWriter::Course(const CourseSample& sample, quint32 semesterId, quint16 position,
                             const QString& name)
 {
     CCourseTable course;
     if (!course.Open() || !course.NewRecord(0))
         return 0;
     course.SetCourseName(name);
-    const QStringList number = Text(spec.number).split(QLatin1Char(' '));
+    const QStringList number = Text(sample.number).split(QLatin1Char(' '));
     course.SetCourseNumber(number.value(1));
     course.SetDepartment(number.value(0));
     course.SetCourseSection(
         QStringLiteral("%1").arg(1 + m_random.bounded(4), 3, 10, QLatin1Char('0')));
-    course.SetRoomNumber(Text(spec.room));
-    course.SetBuildingID(Building(spec.building));
-    course.SetCourseHours(spec.hours);
-    course.SetInMajor(spec.inMajor ? 1 : 0);
+    course.SetRoomNumber(Text(sample.room));
+    course.SetBuildingID(Building(sample.building));
+    course.SetCourseHours(sample.hours);
+    course.SetInMajor(sample.inMajor ? 1 : 0);
     course.SetCourseWebSite(QStringLiteral("https://learn.northfield.edu/%1")
-                                .arg(Text(spec.number).remove(QLatin1Char(' ')).toLower()));
-    course.SetDetails(Text(spec.department));
+                                .arg(Text(sample.number).remove(QLatin1Char(' ')).toLower()));
+    course.SetDetails(Text(sample.department));
     course.SetCurrentGrade(-1.0);
     if (!course.UpdateRecord())
         return 0;
@@ -412,9 +412,9 @@ quint32 CDemoWriter::Course(const CourseSpec& spec, quint32 semesterId, quint16 
     if (!order.UpdateRecord())
         return 0;
 
-    if (!Time(courseId, spec.meeting) || !Time(courseId, spec.lab))
+    if (!Time(courseId, sample.meeting) || !Time(courseId, sample.lab))
         return 0;
-    const quint32 instructorId = Instructor(spec);
+    const quint32 instructorId = Instructor(sample);
     CCourseInstructorTable link;
     if (instructorId == 0 || !link.Open() || !link.NewRecord(0))
         return 0;
@@ -427,9 +427,9 @@ quint32 CDemoWriter::Course(const CourseSpec& spec, quint32 semesterId, quint16 
     if (!book.Open() || !book.NewRecord(0))
         return 0;
     book.SetCourseID(courseId);
-    book.SetTextbookName(Text(spec.textbook));
-    book.SetAuthor(Text(spec.author));
-    book.SetCost(spec.cost);
+    book.SetTextbookName(Text(sample.textbook));
+    book.SetAuthor(Text(sample.author));
+    book.SetCost(sample.cost);
     if (!book.UpdateRecord())
         return 0;
     m_textbook = book.GetRecordID();
@@ -469,7 +469,7 @@ quint32 CDemoWriter::Course(const CourseSpec& spec, quint32 semesterId, quint16 
     if (!type.Open() || !typeOrder.Open())
         return 0;
     qint16 typePosition = 0;
-    for (const TypeSpec& typeSpec : spec.types) {
+    for (const TypeSample& typeSpec : sample.types) {
         type.NewRecord(0);
         type.SetCourseID(courseId);
         type.SetCwTypeName(Text(typeSpec.name));
@@ -489,7 +489,7 @@ quint32 CDemoWriter::Course(const CourseSpec& spec, quint32 semesterId, quint16 
     return courseId;
 }
 
-bool CDemoWriter::Coursework(quint32 courseId, const CourseSpec& spec, int count,
+bool CDemoWriter::Coursework(quint32 courseId, const CourseSample& sample, int count,
                              const QDate& first, const QDate& last, bool finished, bool withOverdue)
 {
     static constexpr int DueTimes[] = {23 * 60 + 59, 9 * 60,       13 * 60 + 30,
@@ -506,7 +506,7 @@ bool CDemoWriter::Coursework(quint32 courseId, const CourseSpec& spec, int count
                                                      : i % 7 < 5 ? 1
                                                      : i % 7 < 6 ? 2
                                                                  : 3);
-        const TypeSpec& type = spec.types[typeIndex];
+        const TypeSample& type = sample.types[typeIndex];
         const QDate day = dayOf(i);
         const double due = At(day, DueTimes[static_cast<size_t>(i) % std::size(DueTimes)]);
 
@@ -551,15 +551,15 @@ bool CDemoWriter::Write()
     const QDate termStart = m_today.addDays(-35);
     const int working = std::max(0, m_size.workingCourses);
     for (int c = 0; c < working; ++c) {
-        const CourseSpec& spec = WorkingCourses[static_cast<size_t>(c) % std::size(WorkingCourses)];
+        const CourseSample& sample = WorkingCourses[static_cast<size_t>(c) % std::size(WorkingCourses)];
         const QString name = c < static_cast<int>(std::size(WorkingCourses))
-                                 ? Text(spec.name)
-                                 : QStringLiteral("%1 (%2)").arg(Text(spec.name)).arg(c + 1);
-        const quint32 courseId = Course(spec, WorkingSemesterID, static_cast<quint16>(c), name);
+                                 ? Text(sample.name)
+                                 : QStringLiteral("%1 (%2)").arg(Text(sample.name)).arg(c + 1);
+        const quint32 courseId = Course(sample, WorkingSemesterID, static_cast<quint16>(c), name);
         const int count =
             m_size.workingCoursework / working + (c < m_size.workingCoursework % working ? 1 : 0);
         // Due dates run over the term so far and the weeks ahead.
-        if (courseId == 0 || !Coursework(courseId, spec, count, termStart.addDays(c),
+        if (courseId == 0 || !Coursework(courseId, sample, count, termStart.addDays(c),
                                          m_today.addDays(24 + c), false, c % 2 == 0))
             return false;
     }
@@ -585,18 +585,18 @@ bool CDemoWriter::Write()
         const int courses =
             archivedCourses / archivedSemesters + (s < archivedCourses % archivedSemesters ? 1 : 0);
         for (int c = 0; c < courses; ++c, ++courseIndex) {
-            const CourseSpec& spec =
+            const CourseSample& sample =
                 ArchivedCourses[static_cast<size_t>(courseIndex) % std::size(ArchivedCourses)];
             const QString name =
                 archivedSemesters == 1
-                    ? Text(spec.name)
-                    : QStringLiteral("%1 (%2)").arg(Text(spec.name)).arg(courseIndex + 1);
+                    ? Text(sample.name)
+                    : QStringLiteral("%1 (%2)").arg(Text(sample.name)).arg(courseIndex + 1);
             const quint32 courseId =
-                Course(spec, semester.GetRecordID(), static_cast<quint16>(c), name);
+                Course(sample, semester.GetRecordID(), static_cast<quint16>(c), name);
             const int count =
                 archivedCoursework / std::max(1, archivedCourses) +
                 (courseIndex < archivedCoursework % std::max(1, archivedCourses) ? 1 : 0);
-            if (courseId == 0 || !Coursework(courseId, spec, count, start, end, true, false))
+            if (courseId == 0 || !Coursework(courseId, sample, count, start, end, true, false))
                 return false;
         }
     }

@@ -136,6 +136,7 @@ void CDataTable::ResetValues()
     for (size_t i = 0; i < m_def.fields.size(); ++i)
         m_values[i] = DefaultFor(m_def.fields[i].type);
     m_dirty.assign(m_def.fields.size(), false);
+    m_unreadAreDefaults = true;
 }
 
 void CDataTable::InitializeNewRecordPropArray() {}
@@ -144,6 +145,7 @@ void CDataTable::SetValue(int position, const QVariant& value)
 {
     m_values[position] = value;
     m_dirty[position] = true;
+    m_unreadAreDefaults = false;
 }
 
 QByteArray CDataTable::ColumnList() const
@@ -210,14 +212,20 @@ int CDataTable::LoadSnapshot()
 
 void CDataTable::LoadRow(size_t row)
 {
-    ResetValues();
     m_isNew = false;
     m_recordId = m_snapshotIds[row];
-    const auto& values = m_snapshotValues[row];
-    for (size_t c = 0; c < values.size(); ++c) {
-        const int position = m_readPositions.empty() ? static_cast<int>(c) : m_readPositions[c];
-        m_values[position] = values[c];
+    auto& values = m_snapshotValues[row];
+    if (m_readPositions.empty()) {
+        // Every property was read: the snapshot row becomes the record as it is.
+        m_values = std::move(values);
+        m_unreadAreDefaults = false;
+    } else {
+        if (!m_unreadAreDefaults)
+            ResetValues();
+        for (size_t c = 0; c < values.size(); ++c)
+            m_values[m_readPositions[c]] = std::move(values[c]);
     }
+    std::fill(m_dirty.begin(), m_dirty.end(), false);
 }
 
 int CDataTable::MoveFirst(int)
@@ -254,6 +262,7 @@ bool CDataTable::ReadRecord(quint32 id)
             const int position = m_readPositions.empty() ? c : m_readPositions[c];
             m_values[position] = Column(stmt, c + 1, m_def.fields[position].type);
         }
+        m_unreadAreDefaults = !m_readPositions.empty();
     }
     sqlite3_reset(stmt);
     return found;
@@ -272,6 +281,7 @@ int CDataTable::NewRecord(quint32)
         return 0;
     ResetValues();
     InitializeNewRecordPropArray();
+    m_unreadAreDefaults = false;
     m_dirty.assign(m_def.fields.size(), true);
     m_recordId = 0;
     m_isNew = true;

@@ -94,6 +94,8 @@ private:
     // Set since the record was read: only these are written back, so that a
     // long-lived or filtered table object never writes stale or unread values.
     std::vector<bool> m_dirty;
+    // The properties a filtered walk does not read hold their defaults.
+    bool m_unreadAreDefaults = true;
     quint32 m_recordId = 0;
     bool m_isNew = false;
 
