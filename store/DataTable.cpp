@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+#include <limits>
+
 namespace {
 
 QVariant DefaultFor(FieldType type)
@@ -58,6 +60,9 @@ QVariant Column(sqlite3_stmt* stmt, int column, FieldType type)
     case FieldType::Bool:
         return static_cast<int>(sqlite3_column_int64(stmt, column));
     case FieldType::Double:
+        // SQLite stores a NaN as NULL; it reads back as the NaN it was.
+        if (sqlite3_column_type(stmt, column) == SQLITE_NULL)
+            return std::numeric_limits<double>::quiet_NaN();
         return sqlite3_column_double(stmt, column);
     case FieldType::String: {
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, column));

@@ -24,7 +24,8 @@ const char* SqlType(FieldType type)
 {
     switch (type) {
     case FieldType::Double:
-        return "REAL NOT NULL DEFAULT 0";
+        // Nullable: SQLite keeps a NaN as NULL, and a grade may be NaN.
+        return "REAL DEFAULT 0";
     case FieldType::String:
         return "TEXT NOT NULL DEFAULT ''";
     default:

@@ -33,6 +33,8 @@ private slots:
     void updateOfDeletedRecordFails();
     void semesterCoursesFollowSignedPositions();
     void newRecordsStartWithTheirDefaults();
+    void nonFiniteNumbersAreStoredAsTheyAre_data();
+    void nonFiniteNumbersAreStoredAsTheyAre();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -269,6 +271,28 @@ void TestRecordStore::newRecordsStartWithTheirDefaults()
     QCOMPARE(item.GetScore(), -1.0);
     QCOMPARE(item.GetPossible(), -1.0);
     QCOMPARE(item.GetCompleted(), quint16(0));
+}
+
+void TestRecordStore::nonFiniteNumbersAreStoredAsTheyAre_data()
+{
+    QTest::addColumn<double>("grade");
+    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN();
+    QTest::newRow("infinity") << std::numeric_limits<double>::infinity();
+    QTest::newRow("minus infinity") << -std::numeric_limits<double>::infinity();
+}
+
+void TestRecordStore::nonFiniteNumbersAreStoredAsTheyAre()
+{
+    // A grade computed from a zero total is not a number; it is kept as computed.
+    QFETCH(double, grade);
+    const quint32 course = Records::Course(u"Logic"_s, 0, grade);
+    CCourseTable table;
+    QVERIFY(table.Open());
+    QVERIFY(table.MoveToRecord(course));
+    if (std::isnan(grade))
+        QVERIFY(std::isnan(table.GetCurrentGrade()));
+    else
+        QCOMPARE(table.GetCurrentGrade(), grade);
 }
 
 QTEST_GUILESS_MAIN(TestRecordStore)
