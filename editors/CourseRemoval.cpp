@@ -7,15 +7,15 @@
 namespace {
 
 // Deletes every row of the table whose key in the sort order is the course id.
-void DeleteRows(CDataTable& table, quint16 sortOrder, quint32 courseId)
+template <typename Table> void DeleteRows(quint16 sortOrder, quint32 courseId)
 {
+    Table table;
     if (!table.Open(sortOrder))
         return;
     const CCeDBProp key(courseId);
     table.SetSeekValue(&key, CDataTable::SeekValueEqual);
     for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
         table.DeleteRecord(0);
-    table.Close();
 }
 
 } // namespace
@@ -31,46 +31,16 @@ void RemoveCourse(quint32 courseId)
     }
 
     // In this order; each by its course-id sort order.
-    {
-        CTimeTable table;
-        DeleteRows(table, 0, courseId);
-    }
-    {
-        CTextbookTable table;
-        DeleteRows(table, 0, courseId);
-    }
-    {
-        CTextbookOrderTable table;
-        DeleteRows(table, 1, courseId);
-    }
-    {
-        CCourseInstructorTable table;
-        DeleteRows(table, 1, courseId);
-    }
-    {
-        CCourseworkTable table;
-        DeleteRows(table, 1, courseId);
-    }
-    {
-        CCwTypeTable table;
-        DeleteRows(table, 0, courseId);
-    }
-    {
-        CCwTypeOrderTable table;
-        DeleteRows(table, 1, courseId);
-    }
-    {
-        CGradingPolicyGradeTable table;
-        DeleteRows(table, 0, courseId);
-    }
-    {
-        CGradingPolicyTable table;
-        DeleteRows(table, 0, courseId);
-    }
-    {
-        CCourseOrderTable table;
-        DeleteRows(table, 1, courseId);
-    }
+    DeleteRows<CTimeTable>(0, courseId);
+    DeleteRows<CTextbookTable>(0, courseId);
+    DeleteRows<CTextbookOrderTable>(1, courseId);
+    DeleteRows<CCourseInstructorTable>(1, courseId);
+    DeleteRows<CCourseworkTable>(1, courseId);
+    DeleteRows<CCwTypeTable>(0, courseId);
+    DeleteRows<CCwTypeOrderTable>(1, courseId);
+    DeleteRows<CGradingPolicyGradeTable>(0, courseId);
+    DeleteRows<CGradingPolicyTable>(0, courseId);
+    DeleteRows<CCourseOrderTable>(1, courseId);
 
     CAppStateTable& state = CAppStateTable::Instance();
     if (state.GetCurrentCourseID() == courseId) {
