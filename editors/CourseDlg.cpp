@@ -277,9 +277,12 @@ bool CourseDlg::OnOK()
         order.Open();
         order.NewRecord(0);
         order.SetCourseID(m_courseId);
-        order.SetCoursePosition(order.GetRecordCount());
         CAppStateTable& state = CAppStateTable::Instance();
         order.SetSemesterID(state.GetCurrentSemesterID());
+        // The position is the table's record count once this row exists, every
+        // semester counted: the new course comes after all the others.
+        order.UpdateRecord();
+        order.SetCoursePosition(order.GetRecordCount());
         order.UpdateRecord();
         state.SetCurrentCourseID(m_courseId);
         state.UpdateRecord();
