@@ -5,7 +5,7 @@
 
 // The persisted application state (one record).
 //
-// Sort orders: 0 record id.
+// Sort orders: 0 record id, 1 CurrentSemesterID, 2 CurrentCourseID, 3 ViewTabCwType.
 class CAppStateTable : public CDataTable
 {
 public:

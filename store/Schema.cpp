@@ -123,7 +123,9 @@ constexpr FieldDef AppStateFields[] = {
     {"CurrentTabID", FieldType::UInt32},      {"ViewTabDueBy", FieldType::Double},
     {"ViewTabCwType", FieldType::UInt32},     {"ShowDone", FieldType::Bool},
     {"ShowGPAWithHours", FieldType::Bool}};
-constexpr int AppStateSorts[] = {RecordIdKey};
+constexpr int AppStateSorts[] = {RecordIdKey, CAppStateTable::PropCurrentSemesterID,
+                                 CAppStateTable::PropCurrentCourseID,
+                                 CAppStateTable::PropViewTabCwType};
 } // namespace
 
 const TableDef Semester{"Semester", SemesterFields, SemesterSorts};
