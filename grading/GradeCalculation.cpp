@@ -6,9 +6,9 @@
 #include "CwTypeTable.h"
 #include "GradeScaleTable.h"
 #include "GradingPolicyGradeTable.h"
-#include "res/strings/GradingStrings.h"
 #include "PredictionStore.h"
 #include "Transaction.h"
+#include "res/strings/GradingStrings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -169,7 +169,8 @@ quint16 GetGradeIndex(quint32 courseId, double fraction)
     }
     const double percent = fraction * 100.0;
     for (size_t i = 0; i < minimum.size(); ++i) {
-        if (percent >= minimum[i])
+        // "Not less than", so a non-finite (NaN) fraction earns the first grade.
+        if (!(percent < minimum[i]))
             return static_cast<quint16>(i);
     }
     // One past the last grade; grade 65535 filled would leave no room for it.

@@ -228,6 +228,7 @@ void TestGradeCalculation::gradeIndex_data()
     QTest::newRow("no score falls past the last grade") << four << -1.0 << 4;
     QTest::newRow("a gap counts as minimum 0") << QList<double>{90, qQNaN(), 60} << 0.5 << 1;
     QTest::newRow("no rows") << QList<double>{} << 0.5 << 0;
+    QTest::newRow("a NaN fraction is not less than any minimum") << four << qQNaN() << 0;
     QTest::newRow("first match wins, not the best fit") << QList<double>{50, 90} << 0.95 << 0;
 }
 
