@@ -45,6 +45,11 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
 {
     setObjectName(QStringLiteral("ProgressReportDlg"));
     setWindowTitle(ReportStrings::ProgressReportTitle());
+    // The report's text is set in Arial; where it is missing the platform
+    // picks its nearest sans-serif face. Sizes stay the system's.
+    QFont reportFont = font();
+    reportFont.setFamily(QStringLiteral("Arial"));
+    setFont(reportFont);
 
     m_titleLabel->setObjectName(QStringLiteral("courseNameLabel"));
     QFont titleFont = m_titleLabel->font();

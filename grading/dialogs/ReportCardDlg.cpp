@@ -55,8 +55,10 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
     m_gpaLabel->setObjectName(QStringLiteral("gpaLabel"));
     m_majorGpaLabel->setObjectName(QStringLiteral("majorGpaLabel"));
     m_cumulativeGpaLabel->setObjectName(QStringLiteral("cumulativeGpaLabel"));
-    // The GPA lines stand out a little above the rest, as on a printed card.
+    // The GPA lines stand out a little above the rest, as on a printed card,
+    // in Arial (or the platform's nearest sans-serif face).
     QFont gpaFont = font();
+    gpaFont.setFamily(QStringLiteral("Arial"));
     gpaFont.setPointSizeF(gpaFont.pointSizeF() * 1.25);
     for (QLabel* label : {m_gpaLabel, m_majorGpaLabel, m_cumulativeGpaLabel})
         label->setFont(gpaFont);

@@ -79,6 +79,10 @@ void TestProgressReportDlg::emptyCourse()
              QStringLiteral("No Courseworks"));
     QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("gradeLabel"))->text(),
              QStringLiteral("No Score"));
+    // The report reads in Arial, its bold lines included.
+    QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("gradeLabel"))->font().family(),
+             QStringLiteral("Arial"));
+    QCOMPARE(rows->font().family(), QStringLiteral("Arial"));
 }
 
 void TestProgressReportDlg::typeRow_data()

@@ -136,6 +136,9 @@ void TestReportCardDlg::gpaLines()
     QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("gpaLabel"))->text(), lines[0]);
     QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("majorGpaLabel"))->text(), lines[1]);
     QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("cumulativeGpaLabel"))->text(), lines[2]);
+    for (const char* name : {"gpaLabel", "majorGpaLabel", "cumulativeGpaLabel"})
+        QCOMPARE(dialog.findChild<QLabel*>(QLatin1String(name))->font().family(),
+                 QStringLiteral("Arial"));
 }
 
 void TestReportCardDlg::courseRow_data()
