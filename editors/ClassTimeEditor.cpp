@@ -75,8 +75,9 @@ CClassTimeEditor::CClassTimeEditor(QWidget* parent)
     grid->addWidget(m_start, 0, 1);
     grid->addWidget(new QLabel(EditorStrings::LabelEndTime(), this), 1, 0);
     grid->addWidget(m_end, 1, 1);
-    grid->addWidget(new QLabel(EditorStrings::LabelDays(), this), 2, 0, 1, 2);
-    grid->addLayout(dayRow, 3, 0, 1, 2);
+    // The day row sits beside its label, lined up with the time pickers.
+    grid->addWidget(new QLabel(EditorStrings::LabelDays(), this), 2, 0);
+    grid->addLayout(dayRow, 2, 1);
     grid->setColumnStretch(1, 1);
 }
 

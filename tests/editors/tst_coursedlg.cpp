@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -94,6 +95,8 @@ private slots:
     void textbookDeleteThenCancelOrOk();
     void newCourseTimesAndOrderRecord();
     void endBeforeStartRefused();
+    void dayButtonsBesideTheirLabel_data();
+    void dayButtonsBesideTheirLabel();
     void fieldLimits_data();
     void fieldLimits();
     void textbookMenu_data();
@@ -409,6 +412,41 @@ void TestCourseDlg::newCourseTimesAndOrderRecord()
     // Two rows now (the other course's and this one): the count after creation.
     QCOMPARE(order.GetCoursePosition(), quint16(2));
     QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), id);
+}
+
+void TestCourseDlg::dayButtonsBesideTheirLabel_data()
+{
+    QTest::addColumn<int>("day");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("Sunday") << 0 << EditorStrings::DaySunday();
+    QTest::newRow("Monday") << 1 << EditorStrings::DayMonday();
+    QTest::newRow("Saturday") << 6 << EditorStrings::DaySaturday();
+}
+
+void TestCourseDlg::dayButtonsBesideTheirLabel()
+{
+    QFETCH(int, day);
+    QFETCH(QString, caption);
+    CClassTimeEditor editor;
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+    QLabel* label = nullptr;
+    for (QLabel* candidate : editor.findChildren<QLabel*>()) {
+        if (candidate->text() == EditorStrings::LabelDays())
+            label = candidate;
+    }
+    QVERIFY(label);
+    QToolButton* button = editor.DayButton(day);
+    QCOMPARE(button->text(), caption);
+    // One row: the label in front, the buttons after it from Sunday on.
+    const QRect labelRect = label->geometry();
+    const QRect buttonRect = button->geometry();
+    QVERIFY(buttonRect.left() >= labelRect.right());
+    QVERIFY(buttonRect.top() <= labelRect.center().y());
+    QVERIFY(buttonRect.bottom() >= labelRect.center().y());
+    QCOMPARE(buttonRect.width(), buttonRect.height());
+    if (day > 0)
+        QCOMPARE(buttonRect.left(), editor.DayButton(day - 1)->geometry().right() + 1);
 }
 
 void TestCourseDlg::endBeforeStartRefused()
