@@ -194,6 +194,12 @@ void CourseDlg::ApplyStartOnBooks()
 void CourseDlg::SetEditorOpen(bool open)
 {
     m_pages->tabBar()->setEnabled(!open);
+    // The other pages wait too, so that Ctrl+Tab cannot reach them either.
+    const QObject* editorPage = sender();
+    for (int i = 0; i < m_pages->count(); ++i) {
+        if (m_pages->widget(i) != editorPage)
+            m_pages->setTabEnabled(i, !open);
+    }
     m_menuBar->setEnabled(!open);
     m_buttons->setEnabled(!open);
     if (!open)

@@ -493,7 +493,10 @@ void TestCourseDlg::fieldLimits()
     QVERIFY(db.IsReady());
     CourseDlg dialog;
     dialog.SetCourse(Records::Course(QStringLiteral("Botany")));
-    dialog.BooksPage()->NewTextbook();
+    // The textbook fields take typing while their editor is open; the
+    // course's own fields while it is closed.
+    if (field.startsWith(QStringLiteral("textbook")))
+        dialog.BooksPage()->NewTextbook();
     auto* edit = dialog.findChild<QLineEdit*>(field);
     QVERIFY(edit);
     edit->clear();
@@ -600,10 +603,17 @@ void TestCourseDlg::openEditorDisablesTheRest()
     QVERIFY(!buttons->isEnabled());
     QVERIFY(!menuBar->isEnabled());
     QVERIFY(!dialog.Pages()->tabBar()->isEnabled());
+    // Nor can the keyboard leave the page for another one.
+    QTest::keyClick(Edit(dialog, "textbookName"), Qt::Key_Tab, Qt::ControlModifier);
+    QTest::keyClick(Edit(dialog, "textbookName"), Qt::Key_Backtab,
+                    Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(dialog.Pages()->currentWidget(), dialog.BooksPage());
+    QVERIFY(!Edit(dialog, "courseName")->isEnabled());
 
     Edit(dialog, "textbookName")->setText(QStringLiteral("Flora II"));
     ClickEditorButton(dialog.BooksPage(), QDialogButtonBox::Cancel);
     QVERIFY(enabled());
+    QVERIFY(Edit(dialog, "courseName")->isEnabled());
     QCOMPARE(dialog.Textbooks()[0].name, QStringLiteral("Flora"));
 }
 

@@ -200,8 +200,12 @@ void TestInstructorDlg::brandNewWithHoursAndBuilding()
     Edit(dialog, "roomNumber")->setText(QStringLiteral("G12"));
     CTimeListPage* hours = dialog.HoursPage();
     hours->NewTime();
+    // While the time editor is open, the other pages wait.
+    QVERIFY(!Edit(dialog, "instructorName")->isEnabled());
+    QVERIFY(!Edit(dialog, "roomNumber")->isEnabled());
     hours->Editor()->DayButton(2)->click();
     hours->EditorButtons()->button(QDialogButtonBox::Ok)->click();
+    QVERIFY(Edit(dialog, "instructorName")->isEnabled());
     dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttons"))
         ->button(QDialogButtonBox::Ok)
         ->click();
