@@ -284,6 +284,12 @@ void CMainView::OnCourseChosen(int index)
     RefreshGradeBar();
     if (State().GetCurrentTabID() == CViewTabTable::CwTypeTab) {
         if (courseId != AllCoursesID) {
+            // A course chosen again starts on its first type, not on the
+            // type it was left on.
+            {
+                const QSignalBlocker blocker(m_types);
+                m_types->setCurrentIndex(0);
+            }
             State().SetViewTabCwType(m_types->currentData().toUInt());
             m_types->setVisible(true);
             m_types->raise();

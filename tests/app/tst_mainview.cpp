@@ -101,6 +101,7 @@ private slots:
     void typeChosen();
     void courseChosen();
     void allCoursesOnTypeTabHidesFilter();
+    void courseChosenAgainStartsOnItsFirstType();
     void showDoneToggles();
     void restartKeepsTheFilters_data();
     void restartKeepsTheFilters();
@@ -340,6 +341,26 @@ void TestMainView::allCoursesOnTypeTabHidesFilter()
     QVERIFY(!view.TypeFilter()->isVisible());
     // Every type of every course, under headers.
     QCOMPARE(view.ListModel()->rowCount(), 5);
+}
+
+void TestMainView::courseChosenAgainStartsOnItsFirstType()
+{
+    AddCourses(m_biology, m_history, m_labs, m_quizzes, m_essays);
+    State().SetCurrentCourseID(m_biology);
+    State().SetCurrentTabID(CViewTabTable::CwTypeTab);
+    State().SetViewTabCwType(m_quizzes);
+    CMainFrame frame;
+    frame.show();
+    CMainView* view = frame.View();
+    QCOMPARE(view->TypeFilter()->currentText(), u"Quizzes"_s);
+
+    view->CourseSelector()->setCurrentIndex(0);
+    QCOMPARE(State().GetViewTabCwType(), m_quizzes);
+    view->CourseSelector()->setCurrentIndex(view->CourseSelector()->findData(m_biology));
+    QCOMPARE(view->TypeFilter()->currentText(), u"Labs"_s);
+    QCOMPARE(State().GetViewTabCwType(), m_labs);
+    QCOMPARE(view->ListModel()->rowCount(), 1);
+    QCOMPARE(view->ListModel()->Rows()[0].text, u"Lab 1"_s);
 }
 
 void TestMainView::showDoneToggles()
