@@ -53,6 +53,7 @@ CListEditPage::CListEditPage(const QString& hint, const QString& picture, QWidge
 
 void CListEditPage::SetEditor(QWidget* editor)
 {
+    m_editor = editor;
     editor->setParent(m_panel);
     static_cast<QVBoxLayout*>(m_panel->layout())->insertWidget(0, editor);
 }
@@ -67,8 +68,16 @@ void CListEditPage::OpenEditor()
     m_stack->setCurrentWidget(m_panel);
     m_hint->setEnabled(false);
     m_editorButtons->button(QDialogButtonBox::Ok)->setDefault(true);
-    if (QWidget* first = m_panel->nextInFocusChain(); first && m_panel->isAncestorOf(first))
-        first->setFocus();
+    // Typing goes straight into the editor's first field, not its OK button.
+    if (m_editor) {
+        for (QWidget* w = m_editor->nextInFocusChain(); w && w != m_editor;
+             w = w->nextInFocusChain()) {
+            if (m_editor->isAncestorOf(w) && (w->focusPolicy() & Qt::TabFocus)) {
+                w->setFocus();
+                break;
+            }
+        }
+    }
     emit EditorOpenChanged(true);
 }
 

@@ -56,4 +56,5 @@ private:
     QListWidget* m_list;
     QWidget* m_panel;
     QDialogButtonBox* m_editorButtons;
+    QWidget* m_editor = nullptr;
 };

@@ -102,6 +102,9 @@ void TestBuildingDlg::editsLandOnOkOnly()
         auto* buttons = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttons"));
         QVERIFY(Pick(dialog.Page(), -1, EditorStrings::NewBuilding()));
         QVERIFY(!buttons->isEnabled());
+        // Typing goes into the name at once.
+        QCOMPARE(dialog.focusWidget(),
+                 dialog.findChild<QLineEdit*>(QStringLiteral("buildingName")));
         EnterName(dialog, QStringLiteral("Annex"));
         QVERIFY(buttons->isEnabled());
         // Two buildings may share a name.

@@ -600,6 +600,7 @@ void TestCourseDlg::openEditorDisablesTheRest()
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row.center());
     QVERIFY(dialog.BooksPage()->IsEditorOpen());
     QCOMPARE(Edit(dialog, "textbookName")->text(), QStringLiteral("Flora"));
+    QCOMPARE(dialog.focusWidget(), Edit(dialog, "textbookName"));
     QVERIFY(!buttons->isEnabled());
     QVERIFY(!menuBar->isEnabled());
     QVERIFY(!dialog.Pages()->tabBar()->isEnabled());
