@@ -2,6 +2,7 @@
 
 #include "BrindleData.h"
 #include "MainView.h"
+#include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
 #include "grading/PredictionStore.h"
@@ -20,9 +21,7 @@ CAppStateTable& State()
 }
 } // namespace
 
-CMainFrame::CMainFrame(QWidget* parent)
-    : QMainWindow(parent)
-    , m_view(new CMainView(this))
+CMainFrame::CMainFrame(QWidget* parent) : QMainWindow(parent), m_view(new CMainView(this))
 {
     setObjectName(QStringLiteral("CMainFrame"));
     setWindowTitle(AppStrings::AppTitle());
@@ -95,23 +94,25 @@ void CMainFrame::BuildMenus()
 
     m_courseMenuWithCourse = new QMenu(AppStrings::MenuCourse(), this);
     m_courseMenuWithCourse->setObjectName(QStringLiteral("menuCourseWithCourse"));
-    m_courseMenuWithCourse->addActions({m_newCourse, m_sortCourses, m_deleteCourse, m_progressReport});
+    m_courseMenuWithCourse->addActions(
+        {m_newCourse, m_sortCourses, m_deleteCourse, m_progressReport});
     m_courseMenuWithCourse->addSeparator();
-    m_courseMenuWithCourse->addActions({m_addCoursework, m_editCourse, m_editInstructors,
-                                        m_editGradingPolicy});
+    m_courseMenuWithCourse->addActions(
+        {m_addCoursework, m_editCourse, m_editInstructors, m_editGradingPolicy});
 
     m_toolsMenu = new QMenu(AppStrings::MenuTools(), this);
     m_toolsMenu->setObjectName(QStringLiteral("menuTools"));
     m_toolsMenu->addActions({m_about, m_database});
     m_toolsMenu->addSeparator();
-    m_toolsMenu->addActions({m_semester, m_tabOrder, m_buildings, m_allInstructors, m_institution,
-                             m_reportCard});
+    m_toolsMenu->addActions(
+        {m_semester, m_tabOrder, m_buildings, m_allInstructors, m_institution, m_reportCard});
 
     m_predictionMenu = new QMenu(AppStrings::MenuPrediction(), this);
     m_predictionMenu->setObjectName(QStringLiteral("menuPrediction"));
     m_predictionMenu->addActions({m_predictionOptions, m_togglePrediction});
 
-    for (QMenu* menu : {m_courseMenuNoCourse, m_courseMenuWithCourse, m_toolsMenu, m_predictionMenu})
+    for (QMenu* menu :
+         {m_courseMenuNoCourse, m_courseMenuWithCourse, m_toolsMenu, m_predictionMenu})
         connect(menu, &QMenu::aboutToShow, this, [this] { UpdateCommandStates(); });
 }
 
@@ -219,10 +220,11 @@ void CMainFrame::OnBannerCommand()
 void CMainFrame::OnAbout()
 {
     QMessageBox about(QMessageBox::NoIcon, AppStrings::AboutTitle(),
-                      AppStrings::AboutText(QApplication::applicationVersion()), QMessageBox::Ok, this);
+                      AppStrings::AboutText(QApplication::applicationVersion()), QMessageBox::Ok,
+                      this);
     about.setObjectName(QStringLiteral("AboutBox"));
     about.setIconPixmap(windowIcon().pixmap(64, 64));
-    about.exec();
+    DialogRunner::Run(about);
 }
 
 void CMainFrame::OnHelp()

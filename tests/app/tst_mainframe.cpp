@@ -1,12 +1,14 @@
 // The main frame: its two menu bars, the command-state rules and help.
 #include "BrindleData.h"
 #include "app/MainFrame.h"
+#include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "grading/PredictionStore.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
@@ -66,6 +68,7 @@ private slots:
     void predictionCommandStates();
     void toggleSwitchesPredictionMode();
     void helpOpensTheMainContents();
+    void aboutBoxNamesTheProgram();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -164,6 +167,21 @@ void TestMainFrame::helpOpensTheMainContents()
     QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
     QVERIFY(viewer->Browser()->toPlainText().contains(u"The main window"_s));
     QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
+}
+
+void TestMainFrame::aboutBoxNamesTheProgram()
+{
+    CMainFrame frame;
+    QString shown;
+    DialogRunner::SetHook([&](QDialog& dialog) {
+        shown =
+            dialog.objectName() + u" "_s + dialog.findChild<QLabel*>(u"qt_msgbox_label"_s)->text();
+        return int(QDialog::Accepted);
+    });
+    Action(frame, "actionAbout")->trigger();
+    DialogRunner::SetHook({});
+    QVERIFY2(shown.startsWith(u"AboutBox "_s), qPrintable(shown));
+    QVERIFY(shown.contains(u"Brindle"_s));
 }
 
 QTEST_MAIN(TestMainFrame)
