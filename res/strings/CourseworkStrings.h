@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlStrings.h"
 #include "Tr.h"
 
 // Texts of the coursework editor.
@@ -29,7 +30,7 @@ inline QString PageDetails()
 
 inline QString Name()
 {
-    return BrindleText::tr("Name: ");
+    return ControlStrings::NameLabel();
 }
 inline QString CwType()
 {
@@ -57,7 +58,7 @@ inline QString NoTextbook()
 }
 inline QString Weight()
 {
-    return BrindleText::tr("Weight: ");
+    return ControlStrings::WeightLabel();
 }
 inline QString Progress()
 {
@@ -65,7 +66,7 @@ inline QString Progress()
 }
 inline QString ProgressPercent(int percent)
 {
-    return BrindleText::tr("%1%").arg(percent);
+    return ControlStrings::Percent(percent);
 }
 
 inline QString MenuAdd()
@@ -95,7 +96,7 @@ inline QString OutOfOutOfRange()
 }
 inline QString WeightOutOfRange()
 {
-    return BrindleText::tr("The weight must be a number of 0 or more.");
+    return ControlStrings::WeightOutOfRange();
 }
 
 } // namespace CourseworkStrings

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlStrings.h"
 #include "Tr.h"
 
 // Texts of the course-record editors: courses, textbooks, meeting times,
@@ -33,7 +34,7 @@ inline QString PageRoom()
 }
 inline QString LabelName()
 {
-    return BrindleText::tr("Name: ");
+    return ControlStrings::NameLabel();
 }
 inline QString LabelNumber()
 {
@@ -125,11 +126,11 @@ inline QString DeleteTextbook()
 }
 inline QString MoveUp()
 {
-    return BrindleText::tr("Move Up");
+    return ControlStrings::MoveUp();
 }
 inline QString MoveDown()
 {
-    return BrindleText::tr("Move Down");
+    return ControlStrings::MoveDown();
 }
 inline QString LabelAuthor()
 {
@@ -256,7 +257,7 @@ inline QString BrandNew()
 }
 inline QString MenuDelete()
 {
-    return BrindleText::tr("Delete");
+    return ControlStrings::Delete();
 }
 inline QString CurrentInstructor()
 {

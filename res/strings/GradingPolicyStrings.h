@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlStrings.h"
 #include "Tr.h"
 
 // Texts of the grading policy dialog and its coursework type and minimum
@@ -56,20 +57,20 @@ inline QString DeleteCwType()
 }
 inline QString MoveUp()
 {
-    return BrindleText::tr("Move Up");
+    return ControlStrings::MoveUp();
 }
 inline QString MoveDown()
 {
-    return BrindleText::tr("Move Down");
+    return ControlStrings::MoveDown();
 }
 
 inline QString TypeName()
 {
-    return BrindleText::tr("Name: ");
+    return ControlStrings::NameLabel();
 }
 inline QString TypeWeight()
 {
-    return BrindleText::tr("Weight: ");
+    return ControlStrings::WeightLabel();
 }
 inline QString TypeDrops()
 {
@@ -103,7 +104,7 @@ inline QString MinimumPrompt()
 }
 inline QString GradeColumn()
 {
-    return BrindleText::tr("Grade");
+    return ControlStrings::Grade();
 }
 inline QString MinimumColumn()
 {
@@ -115,7 +116,7 @@ inline QString EditMinimumPercent()
 }
 inline QString MinimumPercentText(const QString& number)
 {
-    return BrindleText::tr("%1%").arg(number);
+    return ControlStrings::Percent(number);
 }
 inline QString MinimumGrade(const QString& gradeName)
 {
@@ -142,7 +143,7 @@ inline QString TypeNameEmpty()
 }
 inline QString TypeWeightOutOfRange()
 {
-    return BrindleText::tr("The weight must be a number of 0 or more.");
+    return ControlStrings::WeightOutOfRange();
 }
 inline QString TypeDropsOutOfRange()
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlStrings.h"
 #include "Tr.h"
 
 // Texts of grade prediction, the progress report, the institution's grade
@@ -14,7 +15,7 @@ inline QString PercentAndGrade(const QString& percent, const QString& grade)
 
 inline QString Percent(const QString& percent)
 {
-    return BrindleText::tr("%1%").arg(percent);
+    return ControlStrings::Percent(percent);
 }
 
 // Grade prediction.
@@ -24,7 +25,7 @@ inline QString GradePredictionTitle()
 }
 inline QString NoCourses()
 {
-    return BrindleText::tr("No Courses");
+    return ControlStrings::NoCourses();
 }
 inline QString PredictionPrompt()
 {
@@ -70,11 +71,11 @@ inline QString CourseworksCompleted(int completed, int count)
 }
 inline QString NoScore()
 {
-    return BrindleText::tr("No Score");
+    return ControlStrings::NoScore();
 }
 inline QString GradeLine(const QString& percent, const QString& grade)
 {
-    return BrindleText::tr("Grade: %1% %2").arg(percent, grade);
+    return ControlStrings::GradeWithName(percent, grade);
 }
 // The grade text of a type whose possible total is the no-value marker.
 inline QString TopGrade()
@@ -93,7 +94,7 @@ inline QString GradeScalePage()
 }
 inline QString GpaPage()
 {
-    return BrindleText::tr("GPA");
+    return ControlStrings::Gpa();
 }
 inline QString GradeScalePrompt()
 {
@@ -121,11 +122,11 @@ inline QString EditGrade()
 }
 inline QString DeleteGrade()
 {
-    return BrindleText::tr("Delete");
+    return ControlStrings::Delete();
 }
 inline QString GradeColumn()
 {
-    return BrindleText::tr("Grade");
+    return ControlStrings::Grade();
 }
 inline QString PointsColumn()
 {
@@ -209,7 +210,7 @@ inline QString ReportCardTitle()
 }
 inline QString GpaLabel()
 {
-    return BrindleText::tr("GPA");
+    return ControlStrings::Gpa();
 }
 inline QString MajorGpaLabel()
 {
@@ -241,7 +242,7 @@ inline QString ChartNoCourses()
 }
 inline QString ChartNoScore()
 {
-    return BrindleText::tr("No Score");
+    return ControlStrings::NoScore();
 }
 
 } // namespace ReportStrings

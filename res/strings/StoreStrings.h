@@ -6,11 +6,26 @@
 // cannot be used.
 namespace StoreStrings {
 
-inline QString TabNoFilter() { return BrindleText::tr("No Filter"); }
-inline QString TabCwType() { return BrindleText::tr("Cw Type"); }
-inline QString TabPastDue() { return BrindleText::tr("Past Due"); }
-inline QString TabCourseWeek() { return BrindleText::tr("Course Week"); }
-inline QString TabDueBy() { return BrindleText::tr("Due By"); }
+inline QString TabNoFilter()
+{
+    return BrindleText::tr("No Filter");
+}
+inline QString TabCwType()
+{
+    return BrindleText::tr("Cw Type");
+}
+inline QString TabPastDue()
+{
+    return BrindleText::tr("Past Due");
+}
+inline QString TabCourseWeek()
+{
+    return BrindleText::tr("Course Week");
+}
+inline QString TabDueBy()
+{
+    return BrindleText::tr("Due By");
+}
 
 inline QString CannotReadFile(const QString& path, const QString& reason)
 {
@@ -26,7 +41,8 @@ inline QString NotADatabase(const QString& path)
 }
 inline QString NotABrindleDatabase(const QString& path)
 {
-    return BrindleText::tr("The file %1 is a database of another program, not a Brindle database.").arg(path);
+    return BrindleText::tr("The file %1 is a database of another program, not a Brindle database.")
+        .arg(path);
 }
 inline QString DamagedDatabase(const QString& path, const QString& detail)
 {
@@ -34,7 +50,8 @@ inline QString DamagedDatabase(const QString& path, const QString& detail)
 }
 inline QString NewerDatabase(const QString& path)
 {
-    return BrindleText::tr("The database file %1 was written by a newer version of Brindle.").arg(path);
+    return BrindleText::tr("The database file %1 was written by a newer version of Brindle.")
+        .arg(path);
 }
 inline QString CannotCreateTables(const QString& path)
 {

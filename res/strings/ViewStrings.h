@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlStrings.h"
 #include "Tr.h"
 
 // Texts of the main view: the filters, the list, the grade bar and banners.
@@ -11,7 +12,7 @@ inline QString AllCourses()
 }
 inline QString NoCourses()
 {
-    return BrindleText::tr("No Courses");
+    return ControlStrings::NoCourses();
 }
 
 // The coursework list and its pop-up menu.
@@ -42,7 +43,7 @@ inline QString OverdueSince(const QString& when)
 }
 inline QString PercentText(const QString& number)
 {
-    return BrindleText::tr("%1%").arg(number);
+    return ControlStrings::Percent(number);
 }
 inline QString ScoreOfPossible(const QString& score, const QString& possible)
 {
@@ -76,7 +77,7 @@ inline QString GradeNone()
 }
 inline QString GradeValue(const QString& percent, const QString& gradeName)
 {
-    return BrindleText::tr("Grade: %1% %2").arg(percent, gradeName);
+    return ControlStrings::GradeWithName(percent, gradeName);
 }
 // A grade past the end of the scale has no name: the percent alone.
 inline QString GradePercentOnly(const QString& percent)
