@@ -128,6 +128,7 @@ void CMainView::WriteState()
 
 void CMainView::RebuildTabs()
 {
+    bool currentShown = false;
     {
         const QSignalBlocker blocker(m_tabs);
         while (m_tabs->count() > 0)
@@ -143,10 +144,20 @@ void CMainView::RebuildTabs()
                     continue;
                 const int index = m_tabs->addTab(table.GetTabText());
                 m_tabs->setTabData(index, static_cast<uint>(table.GetViewTabID()));
-                if (table.GetViewTabID() == current)
+                if (table.GetViewTabID() == current) {
                     m_tabs->setCurrentIndex(index);
+                    currentShown = true;
+                }
             }
         }
+        // A table that cannot be read says nothing about the stored tab.
+        currentShown = currentShown || current == CViewTabTable::NoFilter || !table.IsOpen();
+    }
+    // The stored tab was hidden (or went away): "No Filter" is selected, so
+    // the state and the list follow it rather than the hidden tab's window.
+    if (!currentShown) {
+        OnTabChosen(0);
+        return;
     }
     ShowFilterOfTab();
 }

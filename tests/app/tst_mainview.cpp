@@ -162,6 +162,10 @@ void TestMainView::hiddenCurrentTabSelectsNoFilter()
     QCOMPARE(TabTexts(view.TabBar()),
              (QStringList{u"No Filter"_s, u"Cw Type"_s, u"Course Week"_s, u"Due By"_s}));
     QCOMPARE(view.TabBar()->currentIndex(), 0);
+    // The state follows the tab shown, so the list is "No Filter"'s too.
+    QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
+    QVERIFY(m_db->Reopen());
+    QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
 }
 
 void TestMainView::emptySemesterDisablesSelector()
