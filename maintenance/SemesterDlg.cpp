@@ -92,7 +92,7 @@ void SemesterDlg::OnInitDialog()
         for (int ok = semesters.MoveFirst(1); ok; ok = semesters.MoveNext(1))
             m_rows.push_back({semesters.GetRecordID(), semesters.GetSemesterName()});
     }
-    Redraw(-1);
+    Redraw(m_rows.empty() ? -1 : 0);
 }
 
 void SemesterDlg::Redraw(int selectedRow)
