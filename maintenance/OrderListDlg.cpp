@@ -1,5 +1,6 @@
 #include "OrderListDlg.h"
 
+#include "ListSelection.h"
 #include "controls/HelpViewer.h"
 #include "res/strings/MaintenanceStrings.h"
 
@@ -63,16 +64,12 @@ OrderListDlg::OrderListDlg(const QString& name, const QString& title, const QStr
 
 int OrderListDlg::SelectedRow() const
 {
-    const QList<QListWidgetItem*> selected = m_list->selectedItems();
-    return selected.isEmpty() ? -1 : m_list->row(selected.first());
+    return ListSelection::SelectedRow(*m_list);
 }
 
 void OrderListDlg::SelectRow(int row)
 {
-    if (row >= 0 && row < m_list->count())
-        m_list->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
-    else
-        m_list->clearSelection();
+    ListSelection::SelectRow(*m_list, row);
 }
 
 void OrderListDlg::Redraw(int selectedRow)

@@ -3,6 +3,7 @@
 #include "ArchiveSemesterDlg.h"
 #include "BrindleData.h"
 #include "EditSemesterDlg.h"
+#include "ListSelection.h"
 #include "WriteInTransaction.h"
 #include "app/Clock.h"
 #include "controls/DialogRunner.h"
@@ -116,16 +117,12 @@ void SemesterDlg::Redraw(int selectedRow)
 
 int SemesterDlg::SelectedRow() const
 {
-    const QList<QListWidgetItem*> selected = m_list->selectedItems();
-    return selected.isEmpty() ? -1 : m_list->row(selected.first());
+    return ListSelection::SelectedRow(*m_list);
 }
 
 void SemesterDlg::SelectRow(int row)
 {
-    if (row >= 0 && row < m_list->count())
-        m_list->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
-    else
-        m_list->clearSelection();
+    ListSelection::SelectRow(*m_list, row);
 }
 
 void SemesterDlg::UpdateButtons()
