@@ -40,6 +40,9 @@ public:
     void OnBannerCommand();
     void OnAbout();
     void OnHelp();
+    // "Database...": the database options, then the whole view from what the
+    // database now holds.
+    void OnDatabaseOptions();
 
     // Opens one coursework of the list for editing (double-click, Enter).
     void OpenCoursework(quint32 courseworkId);

@@ -1,0 +1,39 @@
+#include "DatabaseBackup.h"
+
+#include "DatabaseFileCheck.h"
+#include "DatabaseFileCopy.h"
+#include "res/strings/DatabaseStrings.h"
+
+#include <QDate>
+#include <QFile>
+
+namespace DatabaseBackup {
+
+QString SuggestedName(const QDate& date)
+{
+    return DatabaseStrings::BackupFileName(date.month(), date.day(), date.year());
+}
+
+MaintenanceResult Backup(const QString& databasePath, const QString& target)
+{
+    const QString temporary = DatabaseFileCopy::TemporaryPathFor(target);
+    MaintenanceResult result = DatabaseFileCopy::CopyToNewFile(databasePath, temporary);
+    if (!result.ok)
+        return result;
+
+    // The copy is proven before it replaces anything the user had at target.
+    const QString reason = CheckDatabaseFile(temporary);
+    if (!reason.isEmpty()) {
+        QFile::remove(temporary);
+        return MaintenanceResult::Failed(reason);
+    }
+    result = DatabaseFileCopy::ReplaceFile(temporary, target);
+    if (!result.ok) {
+        QFile::remove(temporary);
+        return result;
+    }
+    DatabaseFileCopy::SyncFolderOf(target);
+    return MaintenanceResult::Done();
+}
+
+} // namespace DatabaseBackup

@@ -1,0 +1,80 @@
+#include "DatabaseFileCheck.h"
+
+#include "Schema.h"
+#include "res/strings/DatabaseStrings.h"
+#include "res/strings/StoreStrings.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace {
+
+QByteArray Scalar(sqlite3* db, const char* sql, bool* ok)
+{
+    sqlite3_stmt* stmt = nullptr;
+    QByteArray value;
+    *ok = sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr) == SQLITE_OK;
+    if (*ok) {
+        const int rc = sqlite3_step(stmt);
+        if (rc == SQLITE_ROW)
+            value = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
+        *ok = rc == SQLITE_ROW;
+    }
+    sqlite3_finalize(stmt);
+    return value;
+}
+
+QString CheckOpenDatabase(sqlite3* db, const QString& path)
+{
+    auto failure = [db, &path] {
+        return StoreStrings::CannotReadFile(path, QString::fromUtf8(sqlite3_errmsg(db)));
+    };
+    bool ok = false;
+    // The cheap header fields first: a file of another program is named as
+    // such, not as damaged.
+    const qint64 applicationId = Scalar(db, "PRAGMA application_id", &ok).toLongLong();
+    if (!ok)
+        return failure();
+    if (applicationId != BrindleSchema::ApplicationId)
+        return StoreStrings::NotABrindleDatabase(path);
+    const qint64 version = Scalar(db, "PRAGMA user_version", &ok).toLongLong();
+    if (!ok)
+        return failure();
+    if (version > BrindleSchema::Version)
+        return StoreStrings::NewerDatabase(path);
+    const QByteArray check = Scalar(db, "PRAGMA quick_check", &ok);
+    if (!ok)
+        return StoreStrings::DamagedDatabase(path, QString::fromUtf8(sqlite3_errmsg(db)));
+    if (check != "ok")
+        return StoreStrings::DamagedDatabase(path, QString::fromUtf8(check));
+    return QString();
+}
+
+} // namespace
+
+QString CheckDatabaseFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return StoreStrings::CannotReadFile(path, file.errorString());
+    if (file.size() == 0)
+        return DatabaseStrings::EmptyFile(path);
+    if (file.read(16) != QByteArray("SQLite format 3\0", 16))
+        return StoreStrings::NotADatabase(path);
+    file.close();
+
+    sqlite3* db = nullptr;
+    const QByteArray utf8 = QFileInfo(path).absoluteFilePath().toUtf8();
+    QString reason;
+    if (sqlite3_open_v2(utf8.constData(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+        reason = StoreStrings::CannotReadFile(path, QString::fromUtf8(sqlite3_errmsg(db)));
+    } else {
+        // Another program may be writing it right now; wait a moment for it.
+        sqlite3_busy_timeout(db, 2000);
+        reason = CheckOpenDatabase(db, path);
+    }
+    sqlite3_close(db);
+    return reason;
+}

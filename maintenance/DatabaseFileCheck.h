@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+// Reads the file at path, read-only and without changing a byte, and says why
+// it is not a Brindle database that this Brindle can open: not an SQLite
+// file, another program's database, a newer Brindle's, damaged. Empty when it
+// is one.
+QString CheckDatabaseFile(const QString& path);

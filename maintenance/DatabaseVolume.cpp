@@ -1,0 +1,40 @@
+#include "DatabaseVolume.h"
+
+#include "BrindleData.h"
+#include "res/strings/DatabaseStrings.h"
+#include "res/strings/StoreStrings.h"
+
+namespace DatabaseVolume {
+
+void Release()
+{
+    CAppStateTable::Instance().Close();
+    CDataTable::GetMount()->Unmount();
+}
+
+MaintenanceResult Mount()
+{
+    const QString path = GetDatabasePath();
+    CCeMount* mount = CDataTable::GetMount();
+    if (!mount->IsMounted() && !mount->MountPath(path))
+        return MaintenanceResult::Failed(mount->GetLastError());
+    if (!CreateDatabase()) {
+        mount->Unmount();
+        return MaintenanceResult::Failed(StoreStrings::CannotCreateTables(path));
+    }
+    return MaintenanceResult::Done();
+}
+
+MaintenanceResult Reopen()
+{
+    const MaintenanceResult mounted = Mount();
+    if (!mounted.ok)
+        return mounted;
+    if (!CAppStateTable::Instance().OpenState()) {
+        Release();
+        return MaintenanceResult::Failed(DatabaseStrings::StateUnreadable(GetDatabasePath()));
+    }
+    return MaintenanceResult::Done();
+}
+
+} // namespace DatabaseVolume
