@@ -36,8 +36,7 @@ void SetAnswerer(Answerer answerer)
     g_answerer = std::move(answerer);
 }
 
-QString GetSaveFileName(QWidget* parent, const QString& suggestedName,
-                        const QString& defaultSuffix)
+QString GetSaveFileName(QWidget* parent, const QString& suggestedName, const QString& defaultSuffix)
 {
     if (g_answerer)
         return g_answerer({Request::Save, suggestedName, defaultSuffix, {}});

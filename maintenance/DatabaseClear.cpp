@@ -46,8 +46,7 @@ MaintenanceResult RemoveEveryCourse()
     if (CourseOrderCount() == 0 && transaction.Commit())
         return MaintenanceResult::Done();
     return MaintenanceResult::Failed(DatabaseStrings::CannotWriteFile(
-        GetDatabasePath(),
-        QString::fromUtf8(sqlite3_errmsg(CDataTable::GetMount()->Handle()))));
+        GetDatabasePath(), QString::fromUtf8(sqlite3_errmsg(CDataTable::GetMount()->Handle()))));
 }
 
 } // namespace

@@ -11,6 +11,15 @@
 
 namespace {
 
+// Indexes of Brindle files carry this collation, and SQLite refuses to check
+// (or read) them without it; backups keep it for as long as they exist.
+int CompareCaseInsensitive(void*, int lengthA, const void* a, int lengthB, const void* b)
+{
+    return QString::compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
+                            QString::fromUtf8(static_cast<const char*>(b), lengthB),
+                            Qt::CaseInsensitive);
+}
+
 QByteArray Scalar(sqlite3* db, const char* sql, bool* ok)
 {
     sqlite3_stmt* stmt = nullptr;
@@ -29,7 +38,11 @@ QByteArray Scalar(sqlite3* db, const char* sql, bool* ok)
 QString CheckOpenDatabase(sqlite3* db, const QString& path)
 {
     auto failure = [db, &path] {
-        return StoreStrings::CannotReadFile(path, QString::fromUtf8(sqlite3_errmsg(db)));
+        const QString message = QString::fromUtf8(sqlite3_errmsg(db));
+        const int code = sqlite3_errcode(db) & 0xFF;
+        if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB)
+            return StoreStrings::DamagedDatabase(path, message);
+        return StoreStrings::CannotReadFile(path, message);
     };
     bool ok = false;
     // The cheap header fields first: a file of another program is named as
@@ -46,7 +59,7 @@ QString CheckOpenDatabase(sqlite3* db, const QString& path)
         return StoreStrings::NewerDatabase(path);
     const QByteArray check = Scalar(db, "PRAGMA quick_check", &ok);
     if (!ok)
-        return StoreStrings::DamagedDatabase(path, QString::fromUtf8(sqlite3_errmsg(db)));
+        return failure();
     if (check != "ok")
         return StoreStrings::DamagedDatabase(path, QString::fromUtf8(check));
     return QString();
@@ -73,6 +86,8 @@ QString CheckDatabaseFile(const QString& path)
     } else {
         // Another program may be writing it right now; wait a moment for it.
         sqlite3_busy_timeout(db, 2000);
+        sqlite3_create_collation_v2(db, "BRINDLE_NOCASE", SQLITE_UTF8, nullptr,
+                                    CompareCaseInsensitive, nullptr);
         reason = CheckOpenDatabase(db, path);
     }
     sqlite3_close(db);

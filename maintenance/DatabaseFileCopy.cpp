@@ -102,7 +102,8 @@ MaintenanceResult MoveFile(const QString& from, const QString& to)
         return MaintenanceResult::Failed(DatabaseStrings::FileInTheWay(to));
     QFile file(from);
     if (!file.rename(to))
-        return MaintenanceResult::Failed(DatabaseStrings::CannotRename(from, to, file.errorString()));
+        return MaintenanceResult::Failed(
+            DatabaseStrings::CannotRename(from, to, file.errorString()));
     return MaintenanceResult::Done();
 }
 

@@ -15,8 +15,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-DatabaseOptionsDlg::DatabaseOptionsDlg(QWidget* parent, const QString& settingsFile)
-    : QDialog(parent), m_session(settingsFile)
+DatabaseOptionsDlg::DatabaseOptionsDlg(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("DatabaseOptionsDlg"));
     setWindowTitle(DatabaseStrings::DialogTitle());
@@ -25,15 +24,19 @@ DatabaseOptionsDlg::DatabaseOptionsDlg(QWidget* parent, const QString& settingsF
     description->setObjectName(QStringLiteral("descriptionLabel"));
     description->setWordWrap(true);
 
-    auto makeButton = [this](const QString& text, const char* name, bool (DatabaseOptionsDlg::*command)()) {
+    auto makeButton = [this](const QString& text, const char* name,
+                             bool (DatabaseOptionsDlg::*command)()) {
         auto* button = new QPushButton(text, this);
         button->setObjectName(QString::fromLatin1(name));
         connect(button, &QPushButton::clicked, this, [this, command] { (this->*command)(); });
         return button;
     };
-    QPushButton* backup = makeButton(DatabaseStrings::Backup(), "backupButton", &DatabaseOptionsDlg::OnBackup);
-    QPushButton* restore = makeButton(DatabaseStrings::Restore(), "restoreButton", &DatabaseOptionsDlg::OnRestore);
-    QPushButton* clear = makeButton(DatabaseStrings::ClearDatabase(), "clearButton", &DatabaseOptionsDlg::OnClear);
+    QPushButton* backup =
+        makeButton(DatabaseStrings::Backup(), "backupButton", &DatabaseOptionsDlg::OnBackup);
+    QPushButton* restore =
+        makeButton(DatabaseStrings::Restore(), "restoreButton", &DatabaseOptionsDlg::OnRestore);
+    QPushButton* clear =
+        makeButton(DatabaseStrings::ClearDatabase(), "clearButton", &DatabaseOptionsDlg::OnClear);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -45,6 +48,7 @@ DatabaseOptionsDlg::DatabaseOptionsDlg(QWidget* parent, const QString& settingsF
     layout->addSpacing(line / 2);
     for (QPushButton* button : {backup, restore, clear})
         layout->addWidget(button);
+    layout->addSpacing(line / 2);
     layout->addStretch(1);
     layout->addWidget(buttons);
     InstallHelp(this);

@@ -17,8 +17,7 @@ class DatabaseOptionsDlg : public QDialog
 
 public:
     // Lets go of the database at once: the dialog is to be shown next.
-    explicit DatabaseOptionsDlg(QWidget* parent = nullptr,
-                                const QString& settingsFile = CTodaySwitch::DefaultFile());
+    explicit DatabaseOptionsDlg(QWidget* parent = nullptr);
     ~DatabaseOptionsDlg() override;
 
     // Each false when cancelled or failed (after telling the user why).

@@ -1,9 +1,9 @@
 // Backup: the suggested name, a proven copy with the same records, and
 // failures that leave what the user had in place.
 #include "BrindleData.h"
+#include "MaintenanceFiles.h"
 #include "maintenance/DatabaseBackup.h"
 #include "maintenance/DatabaseVolume.h"
-#include "MaintenanceFiles.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
@@ -61,9 +61,8 @@ void TestDatabaseBackup::copyHoldsTheSameRecords()
     QVERIFY2(result.ok, qPrintable(result.reason));
     QCOMPARE(MaintenanceFiles::Dump(target), MaintenanceFiles::Dump(db.Path()));
     QVERIFY(MaintenanceFiles::Dump(target).join(u'\n').contains(u"Core samples"_s));
-    QCOMPARE(QFileInfo(target).permissions(),
-             QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser |
-                 QFileDevice::WriteUser);
+    QCOMPARE(QFileInfo(target).permissions(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                  QFileDevice::ReadUser | QFileDevice::WriteUser);
     QVERIFY(!QFileInfo::exists(target + u".tmp"_s));
 
     // Brindle itself opens the copy.
@@ -78,13 +77,12 @@ void TestDatabaseBackup::failureLeavesTheTargetAsItWas_data()
     QTest::addColumn<QByteArray>("database");
     QTest::addColumn<QString>("obstacle");
     QTest::addColumn<QString>("reasonPart");
-    QTest::newRow("database is not one") << QByteArray("plain text") << QString()
-                                         << u"not a database"_s;
-    QTest::newRow("database from another program") << QByteArray("foreign") << QString()
-                                                   << u"another program"_s;
+    QTest::newRow("database is not one")
+        << QByteArray("plain text") << QString() << u"not a database"_s;
+    QTest::newRow("database from another program")
+        << QByteArray("foreign") << QString() << u"another program"_s;
     QTest::newRow("file at the temporary path") << QByteArray() << u"file"_s << u"in the way"_s;
-    QTest::newRow("folder at the temporary path") << QByteArray() << u"folder"_s
-                                                  << u"in the way"_s;
+    QTest::newRow("folder at the temporary path") << QByteArray() << u"folder"_s << u"in the way"_s;
 }
 
 void TestDatabaseBackup::failureLeavesTheTargetAsItWas()

@@ -8,6 +8,7 @@
 #include "app/MainView.h"
 #include "controls/DialogRunner.h"
 #include "controls/FileDialog.h"
+#include "controls/HelpViewer.h"
 #include "grading/PredictionStore.h"
 #include "maintenance/DatabaseOptionsDlg.h"
 #include "maintenance/DatabaseVolume.h"
@@ -18,8 +19,10 @@
 #include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
+#include <QLabel>
 #include <QPushButton>
 #include <QSettings>
+#include <QTextBrowser>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -70,6 +73,8 @@ private slots:
     void clearAsksThenKeepsWhatIsNotACourse_data();
     void clearAsksThenKeepsWhatIsNotACourse();
     void keyboardAlone();
+    void everyTextFitsAtDefaultSize();
+    void helpOpensItsSection();
     void mainFrameShowsTheRestoredDatabase();
 
 private:
@@ -298,6 +303,34 @@ void TestDatabaseOptionsDlg::keyboardAlone()
     QVERIFY(!dialog.isVisible());
     QVERIFY(CDataTable::GetMount()->IsMounted());
     QVERIFY(CAppStateTable::Instance().IsOpen());
+}
+
+void TestDatabaseOptionsDlg::everyTextFitsAtDefaultSize()
+{
+    DatabaseOptionsDlg dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    for (auto* button : dialog.findChildren<QPushButton*>())
+        QVERIFY2(button->width() >= button->fontMetrics().horizontalAdvance(button->text()),
+                 qPrintable(button->text()));
+    auto* description = dialog.findChild<QLabel*>(u"descriptionLabel"_s);
+    QVERIFY(description->height() >= description->heightForWidth(description->width()));
+    // BRINDLE_GRAB_DIR: where to leave a picture of the dialog to look at.
+    const QString grabs = qEnvironmentVariable("BRINDLE_GRAB_DIR");
+    if (!grabs.isEmpty())
+        QVERIFY(dialog.grab().save(grabs + u"/DatabaseOptionsDlg.png"_s));
+}
+
+void TestDatabaseOptionsDlg::helpOpensItsSection()
+{
+    DatabaseOptionsDlg dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClick(&dialog, Qt::Key_F1);
+    auto* viewer = dialog.findChild<CHelpViewer*>();
+    QVERIFY(viewer);
+    QCOMPARE(viewer->CurrentTopic(), u"DatabaseOptionsDlg"_s);
+    QVERIFY(viewer->Browser()->toPlainText().contains(u"Database Options"_s));
 }
 
 void TestDatabaseOptionsDlg::mainFrameShowsTheRestoredDatabase()

@@ -28,9 +28,13 @@ QString BrindleFile(const TestDatabase& db, const QString& name, const QString& 
     SetDatabasePath(path);
     if (!DatabaseVolume::Reopen().ok)
         return QString();
-    Records::Course(course);
-    for (int i = 0; i < moreCourses; ++i)
-        Records::Course(u"Course %1"_s.arg(i));
+    {
+        CTransaction transaction;
+        Records::Course(course);
+        for (int i = 0; i < moreCourses; ++i)
+            Records::Course(u"Course %1"_s.arg(i));
+        transaction.Commit();
+    }
     DatabaseVolume::Release();
     SetDatabasePath(db.Path());
     return path;
@@ -224,8 +228,8 @@ void TestDatabaseRestore::failedStepPutsTheDatabaseBack()
     KeepOldDatabase();
 
     const MaintenanceResult result = DatabaseRestore::Restore(chosen);
-    QFile::setPermissions(m_db->Folder(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                              QFileDevice::ExeOwner);
+    QFile::setPermissions(m_db->Folder(),
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     QVERIFY(!result.ok);
     QVERIFY(!result.reason.isEmpty());
     if (!standing.isEmpty()) {
@@ -251,8 +255,8 @@ void TestDatabaseRestore::restoringTheDatabaseItself()
     const QStringList before = MaintenanceFiles::Dump(m_db->Path());
     QString chosen = m_db->Path();
     if (spelling == u"dotted"_s) {
-        chosen = m_db->Folder() + u"/./../"_s + QFileInfo(m_db->Folder()).fileName() +
-                 u"/Brindle.db"_s;
+        chosen =
+            m_db->Folder() + u"/./../"_s + QFileInfo(m_db->Folder()).fileName() + u"/Brindle.db"_s;
     } else if (spelling == u"link"_s) {
         chosen = m_db->Folder() + u"/link.db"_s;
         QVERIFY(QFile::link(m_db->Path(), chosen));
