@@ -53,10 +53,6 @@ inline QString Restored()
 {
     return BrindleText::tr("The database has been restored");
 }
-inline QString RestoreFailed()
-{
-    return BrindleText::tr("Restore failed!");
-}
 // "Restore failed!" with a second line saying why.
 inline QString RestoreFailedBecause(const QString& reason)
 {
@@ -118,9 +114,4 @@ inline QString EmptyFile(const QString& path)
 {
     return BrindleText::tr("The file %1 is empty.").arg(path);
 }
-inline QString CopyDiffers(const QString& path)
-{
-    return BrindleText::tr("The copy %1 does not hold the same bytes as the database.").arg(path);
-}
-
 } // namespace DatabaseStrings
