@@ -7,6 +7,7 @@
 #include "controls/MessageBox.h"
 #include "grading/PredictionStore.h"
 #include "res/strings/AppStrings.h"
+#include "res/strings/PlannerStrings.h"
 
 #include <QAction>
 #include <QApplication>
@@ -75,6 +76,7 @@ void CMainFrame::BuildActions()
     m_allInstructors = MakeAction(AppStrings::AllInstructors(), "actionAllInstructors");
     m_institution = MakeAction(AppStrings::Institution(), "actionInstitution");
     m_reportCard = MakeAction(AppStrings::ReportCard(), "actionReportCard");
+    m_gradePlanner = MakeAction(PlannerStrings::MenuItem(), "actionGradePlanner");
     m_predictionOptions = MakeAction(AppStrings::PredictionOptions(), "actionPredictionOptions");
     m_togglePrediction = MakeAction(AppStrings::TurnOn(), "actionTogglePrediction");
     m_help = MakeAction(AppStrings::HelpContents(), "actionHelp");
@@ -106,6 +108,8 @@ void CMainFrame::BuildMenus()
     m_toolsMenu->addSeparator();
     m_toolsMenu->addActions(
         {m_semester, m_tabOrder, m_buildings, m_allInstructors, m_institution, m_reportCard});
+    m_toolsMenu->addSeparator();
+    m_toolsMenu->addAction(m_gradePlanner);
 
     m_predictionMenu = new QMenu(AppStrings::MenuPrediction(), this);
     m_predictionMenu->setObjectName(QStringLiteral("menuPrediction"));

@@ -59,6 +59,7 @@ private:
     void WireCourseworkCommands();
     void WireGradeCommands();
     void WireMaintenanceCommands();
+    void OpenGradePlanner(quint32 courseId);
 
     CMainView* m_view;
 
@@ -78,6 +79,7 @@ private:
     QAction* m_allInstructors = nullptr;
     QAction* m_institution = nullptr;
     QAction* m_reportCard = nullptr;
+    QAction* m_gradePlanner = nullptr;
     QAction* m_predictionOptions = nullptr;
     QAction* m_togglePrediction = nullptr;
     QAction* m_help = nullptr;

@@ -3,13 +3,14 @@
 #include "BrindleData.h"
 #include "controls/DialogRunner.h"
 #include "grading/PredictionStore.h"
+#include "grading/dialogs/GradePlannerDlg.h"
 #include "grading/dialogs/GradePredictionDlg.h"
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/ProgressReportDlg.h"
 #include "grading/dialogs/ReportCardDlg.h"
 
-// Grade prediction options, institution and grade scales, report card and
-// progress report.
+// Grade prediction options, institution and grade scales, report card,
+// progress report and grade planner.
 void CMainFrame::WireGradeCommands()
 {
     Connect(m_predictionOptions, [this] {
@@ -54,5 +55,17 @@ void CMainFrame::WireGradeCommands()
         ProgressReportDlg dialog(courseId, this);
         if (DialogRunner::Run(dialog) == QDialog::Accepted)
             refreshAfterReport();
+        if (dialog.PlannerRequested())
+            OpenGradePlanner(courseId);
     });
+
+    Connect(m_gradePlanner,
+            [this] { OpenGradePlanner(CAppStateTable::Instance().GetCurrentCourseID()); });
+}
+
+// The planner only reads, so nothing needs refreshing after it.
+void CMainFrame::OpenGradePlanner(quint32 courseId)
+{
+    GradePlannerDlg dialog(courseId, this);
+    DialogRunner::Run(dialog);
 }

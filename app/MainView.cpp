@@ -5,6 +5,7 @@
 #include "CourseworkListModel.h"
 #include "CourseworkListView.h"
 #include "GradeBarText.h"
+#include "GradeBarToolTip.h"
 #include "controls/MessageBox.h"
 #include "grading/GradeCalculation.h"
 #include "grading/PredictionStore.h"
@@ -354,6 +355,7 @@ void CMainView::RefreshList()
 void CMainView::RefreshGradeBar()
 {
     m_gradeBar->setText(GradeBarText());
+    m_gradeBar->setToolTip(GradeBarToolTip());
 }
 
 void CMainView::LayoutView()

@@ -16,12 +16,9 @@
 
 namespace {
 
-// Sort order 7 of CCourseworkTable: its index on the coursework type id.
-constexpr quint16 CourseworkByCwType = 7;
 // Sort order 1 of CCwTypeOrderTable: CourseID.
 constexpr quint16 TypeOrderByCourse = 1;
-// Sort order 0 of CGradingPolicyGradeTable and CGradeScaleTable.
-constexpr quint16 MinimumByCourse = 0;
+// Sort order 0 of CGradeScaleTable.
 constexpr quint16 ScaleByGrade = 0;
 
 struct DropCandidate
@@ -34,7 +31,8 @@ struct DropCandidate
 
 // Drops the one below-average item whose removal raises the type's average
 // most; false when nothing can be dropped.
-bool DropOne(TypeSummary& summary, std::vector<DropCandidate>& candidates, quint32 weighting)
+bool DropOne(TypeSummary& summary, std::vector<DropCandidate>& candidates, quint32 weighting,
+             std::vector<size_t>* dropped)
 {
     const double average = summary.scoreTotal / summary.possibleTotal;
     std::vector<size_t> eligible;
@@ -64,63 +62,18 @@ bool DropOne(TypeSummary& summary, std::vector<DropCandidate>& candidates, quint
         return false;
     summary.scoreTotal -= candidates[*chosen].score;
     summary.possibleTotal -= candidates[*chosen].possible;
+    if (dropped)
+        dropped->push_back(candidates[*chosen].index);
     candidates.erase(candidates.begin() + static_cast<std::ptrdiff_t>(*chosen));
     return true;
-}
-
-double ComputeCourseFraction(quint32 courseId)
-{
-    const quint32 weighting = CGradingPolicyTable::GetWeightingFromCourseID(courseId);
-    const auto w = static_cast<CGradingPolicyTable::Weighting>(weighting);
-    CourseTypeList types;
-    LoadCourseTypes(courseId, types);
-
-    double sum = 0.0;
-    double total = 0.0;
-    int considered = 0;
-    for (const auto& [typeId, position] : types) {
-        Q_UNUSED(position);
-        const TypeSummary summary = SummarizeType(typeId, w);
-        if (summary.scoreTotal == -1.0)
-            continue;
-        ++considered;
-        switch (weighting) {
-        case CGradingPolicyTable::WeightNone:
-            sum += summary.scoreTotal;
-            total += summary.possibleTotal;
-            break;
-        case CGradingPolicyTable::WeightByType:
-            sum += summary.scoreTotal / summary.possibleTotal * summary.weight;
-            total += summary.weight;
-            break;
-        case CGradingPolicyTable::WeightPerItem:
-            sum += summary.weight * summary.scoreTotal;
-            total += summary.weight;
-            break;
-        default:
-            break;
-        }
-    }
-
-    switch (weighting) {
-    case CGradingPolicyTable::WeightNone:
-        return total == 0.0 ? -1.0 : sum / total;
-    case CGradingPolicyTable::WeightByType:
-    case CGradingPolicyTable::WeightPerItem:
-        if (considered == 0)
-            return -1.0;
-        return total != 0.0 ? sum / total : sum;
-    default:
-        return 0.0;
-    }
 }
 
 } // namespace
 
 void RecomputeCourseGrade(quint32 courseId)
 {
-    const double fraction = ComputeCourseFraction(courseId);
     CPredictionStore& store = CPredictionStore::Instance();
+    const double fraction = ComputeCourseFraction(LoadCourseFacts(courseId), store);
     if (store.IsActive()) {
         store.SetPredictedGrade(courseId, fraction);
         return;
@@ -152,21 +105,11 @@ double GetCourseGrade(quint32 courseId)
 
 quint16 GetGradeIndex(quint32 courseId, double fraction)
 {
-    // Indexed by grade number; a gap in the table counts as minimum 0.0.
-    std::vector<double> minimum;
-    CGradingPolicyGradeTable rows;
-    if (rows.Open(MinimumByCourse)) {
-        const CCeDBProp key(courseId);
-        rows.SetSeekValue(&key, CDataTable::SeekValueEqual);
-        rows.SetFilter(2, CGradingPolicyGradeTable::PropGrade,
-                       CGradingPolicyGradeTable::PropMinimumPercent);
-        for (int ok = rows.MoveFirst(1); ok; ok = rows.MoveNext(1)) {
-            const quint16 grade = rows.GetGrade();
-            if (grade >= minimum.size())
-                minimum.resize(size_t(grade) + 1, 0.0);
-            minimum[grade] = rows.GetMinimumPercent();
-        }
-    }
+    return GradeIndexFromMinimums(LoadMinimumPercents(courseId), fraction);
+}
+
+quint16 GradeIndexFromMinimums(const std::vector<double>& minimum, double fraction)
+{
     const double percent = fraction * 100.0;
     for (size_t i = 0; i < minimum.size(); ++i) {
         // "Not less than", so a non-finite (NaN) fraction earns the first grade.
@@ -195,43 +138,37 @@ void LoadCourseTypes(quint32 courseId, CourseTypeList& list)
 
 TypeSummary SummarizeType(quint32 cwTypeId, CGradingPolicyTable::Weighting weighting)
 {
+    return SummarizeType(LoadCwTypeFacts(cwTypeId), weighting, CPredictionStore::Instance());
+}
+
+TypeSummary SummarizeType(const CwTypeFacts& type, CGradingPolicyTable::Weighting weighting,
+                          const CPredictionStore& store, std::vector<size_t>* dropped)
+{
     TypeSummary summary;
-    summary.cwTypeId = cwTypeId;
-
-    CCwTypeTable type;
-    if (!type.Open() || !type.MoveToRecord(cwTypeId))
+    summary.cwTypeId = type.id;
+    if (!type.found)
         return summary;
-    summary.name = type.GetCwTypeName();
-    summary.drops = type.GetDrops();
+    summary.name = type.name;
+    summary.drops = type.drops;
     if (weighting == CGradingPolicyTable::WeightByType)
-        summary.weight = type.GetWeight();
-    type.Close();
-
-    CCourseworkTable coursework;
-    if (!coursework.Open(CourseworkByCwType))
-        return summary;
-    const CCeDBProp key(cwTypeId);
-    coursework.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    coursework.SetFilter(5, CCourseworkTable::PropCwTypeID, CCourseworkTable::PropScore,
-                         CCourseworkTable::PropPossible, CCourseworkTable::PropWeight,
-                         CCourseworkTable::PropCompleted);
+        summary.weight = type.weight;
 
     double itemWeightTotal = 0.0; // W of Per Item: every positive weight, graded or not
     if (weighting == CGradingPolicyTable::WeightPerItem) {
-        for (int ok = coursework.MoveFirst(1); ok; ok = coursework.MoveNext(1)) {
-            if (coursework.GetWeight() > 0.0)
-                itemWeightTotal += coursework.GetWeight();
+        for (const CourseworkFacts& coursework : type.coursework) {
+            if (coursework.weight > 0.0)
+                itemWeightTotal += coursework.weight;
         }
         summary.possibleTotal = 1.0;
     }
 
     std::vector<DropCandidate> candidates;
-    for (int ok = coursework.MoveFirst(1); ok; ok = coursework.MoveNext(1)) {
+    for (const CourseworkFacts& coursework : type.coursework) {
         ++summary.courseworkCount;
-        if (coursework.GetCompleted() >= 100)
+        if (coursework.completed >= 100)
             ++summary.completedCount;
-        const EffectiveScore e = GetEffectiveScore(coursework);
-        const double weight = coursework.GetWeight();
+        const EffectiveScore e = GetEffectiveScore(coursework, store);
+        const double weight = coursework.weight;
         if (summary.drops != 0)
             candidates.push_back({candidates.size(), e.score, e.possible, weight});
         if (!(e.score >= 0.0))
@@ -253,27 +190,98 @@ TypeSummary SummarizeType(quint32 cwTypeId, CGradingPolicyTable::Weighting weigh
 
     if (summary.drops != 0 && summary.scoreTotal != -1.0) {
         for (quint16 i = 0; i < summary.drops; ++i) {
-            if (!DropOne(summary, candidates, weighting))
+            if (!DropOne(summary, candidates, weighting, dropped))
                 break;
         }
     }
     return summary;
 }
 
+double ComputeCourseFraction(const CourseFacts& course, const CPredictionStore& store,
+                             CourseCalculation* calculation)
+{
+    const quint32 weighting = course.weighting;
+    const auto w = static_cast<CGradingPolicyTable::Weighting>(weighting);
+
+    double sum = 0.0;
+    double total = 0.0;
+    int considered = 0;
+    for (const CwTypeFacts& type : course.types) {
+        CourseCalculation::Type step;
+        const TypeSummary summary =
+            SummarizeType(type, w, store, calculation ? &step.dropped : nullptr);
+        if (summary.scoreTotal != -1.0) {
+            ++considered;
+            step.considered = true;
+            switch (weighting) {
+            case CGradingPolicyTable::WeightNone:
+                step.term = summary.scoreTotal;
+                total += summary.possibleTotal;
+                break;
+            case CGradingPolicyTable::WeightByType:
+                step.term = summary.scoreTotal / summary.possibleTotal * summary.weight;
+                total += summary.weight;
+                break;
+            case CGradingPolicyTable::WeightPerItem:
+                step.term = summary.weight * summary.scoreTotal;
+                total += summary.weight;
+                break;
+            default:
+                break;
+            }
+            sum += step.term;
+        }
+        if (calculation) {
+            step.summary = summary;
+            calculation->types.push_back(std::move(step));
+        }
+    }
+
+    double fraction = 0.0;
+    switch (weighting) {
+    case CGradingPolicyTable::WeightNone:
+        fraction = total == 0.0 ? -1.0 : sum / total;
+        break;
+    case CGradingPolicyTable::WeightByType:
+    case CGradingPolicyTable::WeightPerItem:
+        if (considered == 0)
+            fraction = -1.0;
+        else
+            fraction = total != 0.0 ? sum / total : sum;
+        break;
+    default:
+        break;
+    }
+    if (calculation) {
+        calculation->total = total;
+        calculation->fraction = fraction;
+    }
+    return fraction;
+}
+
 EffectiveScore GetEffectiveScore(const CCourseworkTable& coursework)
 {
-    const CPredictionStore& store = CPredictionStore::Instance();
+    CourseworkFacts facts;
+    facts.id = coursework.GetRecordID();
+    facts.cwTypeId = coursework.GetCwTypeID();
+    facts.score = coursework.GetScore();
+    facts.possible = coursework.GetPossible();
+    return GetEffectiveScore(facts, CPredictionStore::Instance());
+}
+
+EffectiveScore GetEffectiveScore(const CourseworkFacts& coursework, const CPredictionStore& store)
+{
     const bool predicting = store.IsActive();
     if (predicting) {
-        if (const auto overridden = store.Override(coursework.GetRecordID()))
+        if (const auto overridden = store.Override(coursework.id))
             return {overridden->score, overridden->possible, EffectiveScore::Overridden};
     }
     EffectiveScore e;
-    e.possible = coursework.GetPossible();
-    e.score = coursework.GetScore();
+    e.possible = coursework.possible;
+    e.score = coursework.score;
     e.source = EffectiveScore::Recorded;
     if (predicting && e.score == -1.0 && e.possible > 0.0) {
-        if (const auto toGive = store.ScoreToGive(coursework.GetCwTypeID())) {
+        if (const auto toGive = store.ScoreToGive(coursework.cwTypeId)) {
             e.score = *toGive * e.possible;
             e.source = EffectiveScore::PredictedFromType;
         }

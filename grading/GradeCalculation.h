@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CourseFacts.h"
 #include "CourseworkTable.h"
 #include "GradingPolicyTable.h"
 
@@ -33,6 +34,31 @@ struct TypeSummary
     quint16 completedCount = 0;
 };
 
+// How one computation reached a course's fraction, for the texts that show
+// the calculation: each type's summary, the coursework its drops removed and
+// its share of the result.
+struct CourseCalculation
+{
+    struct Type
+    {
+        TypeSummary summary;
+        std::vector<size_t> dropped; // indices into the type's coursework, in drop order
+        bool considered = false;     // something of it is graded
+        double term = 0.0;           // what the type adds to the weighted sum
+    };
+    std::vector<Type> types;
+    double total = 0.0; // the sum the terms are divided by (0.0: they are not)
+    double fraction = -1.0;
+
+    // The type's part of the course fraction; the parts add up to it.
+    double Contribution(const Type& type) const
+    {
+        return total != 0.0 ? type.term / total : type.term;
+    }
+};
+
+class CPredictionStore;
+
 // (cw type id, position) pairs of a course in display order.
 using CourseTypeList = std::vector<std::pair<quint32, qint16>>;
 
@@ -56,6 +82,16 @@ TypeSummary SummarizeType(quint32 cwTypeId, CGradingPolicyTable::Weighting weigh
 // The coursework the table is positioned on, with prediction overrides and
 // scores to give applied.
 EffectiveScore GetEffectiveScore(const CCourseworkTable& coursework);
+
+// The calculation itself, on facts read beforehand and the prediction store
+// given; RecomputeCourseGrade and the functions above run exactly this.
+EffectiveScore GetEffectiveScore(const CourseworkFacts& coursework, const CPredictionStore& store);
+TypeSummary SummarizeType(const CwTypeFacts& type, CGradingPolicyTable::Weighting weighting,
+                          const CPredictionStore& store, std::vector<size_t>* dropped = nullptr);
+double ComputeCourseFraction(const CourseFacts& course, const CPredictionStore& store,
+                             CourseCalculation* calculation = nullptr);
+// GetGradeIndex on minimum percents already read (LoadMinimumPercents).
+quint16 GradeIndexFromMinimums(const std::vector<double>& minimum, double fraction);
 
 // A new course's policy: the type "Homework", weighting None, and minimum
 // percents falling evenly from just under 100 to 60 over the grade scale.

@@ -10,11 +10,14 @@
 #include "controls/MessageBox.h"
 #include "controls/NumericEdit.h"
 #include "grading/GradeCalculation.h"
+#include "grading/PolicyCheck.h"
 #include "res/strings/GradingPolicyStrings.h"
+#include "res/strings/PlannerStrings.h"
 #include "store/BrindleData.h"
 
 #include <QButtonGroup>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QDialogButtonBox>
 #include <QMenu>
 #include <QPushButton>
@@ -32,7 +35,7 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
     : QDialog(parent), m_courseId(courseId), m_pages(new QTabWidget(this)),
       m_typesPage(new GradingDlgTypesPage(m_pages)),
       m_weightingPage(new GradingDlgWeightingPage(m_pages)),
-      m_gradingPage(new GradingDlgGradingPage(m_pages))
+      m_gradingPage(new GradingDlgGradingPage(m_pages)), m_warningLabel(new QLabel(this))
 {
     setObjectName(QStringLiteral("GradingDlg"));
     setWindowTitle(GradingPolicyStrings::Caption());
@@ -46,7 +49,10 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &GradingDlg::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &GradingDlg::reject);
     auto* layout = new QVBoxLayout(this);
+    m_warningLabel->setObjectName(QStringLiteral("warningLabel"));
+    m_warningLabel->setWordWrap(true);
     layout->addWidget(m_pages);
+    layout->addWidget(m_warningLabel);
     layout->addWidget(buttons);
 
     QTreeWidget* types = m_typesPage->List();
@@ -60,7 +66,10 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
     connect(m_typesPage->DiscardButton(), &QPushButton::clicked, this,
             &GradingDlg::DiscardTypeEdit);
     connect(m_weightingPage->Buttons(), &QButtonGroup::idClicked, this,
-            [this](int id) { m_weighting = id; });
+            [this](int id) {
+                m_weighting = id;
+                RefreshWarnings();
+            });
     QTreeWidget* minimums = m_gradingPage->List();
     connect(minimums, &QWidget::customContextMenuRequested, this,
             [this, minimums](const QPoint& position) {
@@ -93,6 +102,8 @@ void GradingDlg::Load()
         if (!type.Open() || !type.MoveToRecord(typeId))
             continue;
         m_types.push_back({typeId, type.GetCwTypeName(), type.GetWeight(), type.GetDrops()});
+        type.Close();
+        m_coursework.insert(typeId, LoadCwTypeFacts(typeId).coursework);
     }
 
     const quint32 weighting = CGradingPolicyTable::GetWeightingFromCourseID(m_courseId);
@@ -116,16 +127,52 @@ void GradingDlg::SetWeighting(int weighting)
 {
     m_weighting = weighting >= 0 && weighting <= 2 ? weighting : -1;
     m_weightingPage->SetWeighting(m_weighting);
+    RefreshWarnings();
 }
 
 void GradingDlg::ShowTypes(int selectedRow)
 {
     m_typesPage->Fill(m_types, selectedRow);
+    RefreshWarnings();
 }
 
 void GradingDlg::ShowMinimums(int selectedRow)
 {
     m_gradingPage->Fill(m_minimums, selectedRow);
+    RefreshWarnings();
+}
+
+void GradingDlg::RefreshWarnings()
+{
+    std::vector<PolicyCheckType> types;
+    for (const CwTypeEntry& entry : m_types)
+        types.push_back({entry.name, entry.weight, entry.drops, m_coursework.value(entry.id)});
+    // On OK the coursework of a deleted type moves to the first type left.
+    if (!types.empty()) {
+        for (quint32 deleted : m_deletedTypeIds) {
+            const auto moved = m_coursework.value(deleted);
+            types.front().coursework.insert(types.front().coursework.end(), moved.cbegin(),
+                                            moved.cend());
+        }
+    }
+    std::vector<PolicyCheckMinimum> minimums;
+    std::vector<MinimumPercentEntry> byGrade = m_minimums;
+    std::stable_sort(byGrade.begin(), byGrade.end(),
+                     [](const auto& a, const auto& b) { return a.grade < b.grade; });
+    for (const MinimumPercentEntry& entry : byGrade)
+        minimums.push_back({entry.gradeName, entry.minimum});
+
+    m_warningTexts.clear();
+    for (const PolicyWarning& warning :
+         CheckGradingPolicy(m_weighting < 0 ? static_cast<quint32>(CGradingPolicyTable::GetWeightingFromCourseID(m_courseId))
+                                            : static_cast<quint32>(m_weighting),
+                            types, minimums))
+        m_warningTexts << PlannerStrings::WarningItem(warning.Text());
+    m_warningLabel->setText(m_warningTexts.isEmpty()
+                                ? QString()
+                                : PlannerStrings::WarningsHeading() + QLatin1Char('\n') +
+                                      m_warningTexts.join(QLatin1Char('\n')));
+    m_warningLabel->setVisible(!m_warningTexts.isEmpty());
 }
 
 QList<int> GradingDlg::TypeMenuCommands(int row) const

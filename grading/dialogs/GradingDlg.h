@@ -1,15 +1,19 @@
 #pragma once
 
 #include "GradingDlgEntries.h"
+#include "grading/CourseFacts.h"
 
 #include <QDialog>
+#include <QHash>
 #include <QList>
+#include <QStringList>
 
 #include <vector>
 
 class GradingDlgGradingPage;
 class GradingDlgTypesPage;
 class GradingDlgWeightingPage;
+class QLabel;
 class QMenu;
 class QTabWidget;
 class QTreeWidget;
@@ -75,6 +79,10 @@ public:
     // False (and nothing written) when a pane refuses its value.
     bool Save();
 
+    // What the working copy would make the grade do unexpectedly (the
+    // grading policy checks); shown under the pages, never blocking OK.
+    QStringList WarningTexts() const { return m_warningTexts; }
+
     QTabWidget* Pages() const { return m_pages; }
     GradingDlgTypesPage* TypesPage() const { return m_typesPage; }
     GradingDlgWeightingPage* WeightingPage() const { return m_weightingPage; }
@@ -95,6 +103,7 @@ private:
     void ShowTypeMenu(int row, const QPoint& position);
     void ShowMinimumMenu(int row, const QPoint& position);
     static int RowAt(const QTreeWidget* list, const QPoint& position);
+    void RefreshWarnings();
 
     quint32 m_courseId;
     std::vector<CwTypeEntry> m_types;
@@ -103,9 +112,13 @@ private:
     int m_weighting = -1;
     int m_editingType = NotEditing;
     int m_editingMinimum = -1;
+    // The stored coursework of each stored type, read once for the checks.
+    QHash<quint32, std::vector<CourseworkFacts>> m_coursework;
+    QStringList m_warningTexts;
 
     QTabWidget* m_pages;
     GradingDlgTypesPage* m_typesPage;
     GradingDlgWeightingPage* m_weightingPage;
     GradingDlgGradingPage* m_gradingPage;
+    QLabel* m_warningLabel;
 };

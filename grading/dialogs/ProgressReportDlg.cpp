@@ -1,9 +1,14 @@
 #include "ProgressReportDlg.h"
 
+#include "ProgressReportCalculation.h"
+
 #include "BrindleData.h"
 #include "controls/HelpViewer.h"
 #include "grading/GradeCalculation.h"
+#include "grading/GradePlanner.h"
 #include "grading/GradeText.h"
+#include "grading/PolicyCheck.h"
+#include "res/strings/PlannerStrings.h"
 #include "res/strings/ReportStrings.h"
 
 #include <QDialogButtonBox>
@@ -11,10 +16,13 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QPixmap>
 #include <QSvgRenderer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+
+#include <cmath>
 
 namespace {
 
@@ -41,7 +49,8 @@ QPixmap ReportImage(int height, qreal ratio)
 ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     : QDialog(parent), m_courseId(courseId), m_titleLabel(new QLabel(this)),
       m_rowList(new QTreeWidget(this)), m_completionLabel(new QLabel(this)),
-      m_gradeLabel(new QLabel(ReportStrings::NoScore(), this))
+      m_gradeLabel(new QLabel(ReportStrings::NoScore(), this)), m_bandLabel(new QLabel(this)),
+      m_warningLabel(new QLabel(this)), m_calculation(new ProgressReportCalculation(this))
 {
     setObjectName(QStringLiteral("ProgressReportDlg"));
     setWindowTitle(ReportStrings::ProgressReportTitle());
@@ -79,6 +88,16 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     gradeFont.setBold(true);
     m_gradeLabel->setFont(gradeFont);
 
+    m_bandLabel->setObjectName(QStringLiteral("bandLabel"));
+    m_bandLabel->setWordWrap(true);
+    m_warningLabel->setObjectName(QStringLiteral("warningLabel"));
+    m_warningLabel->setWordWrap(true);
+    auto* calculationHeading = new QLabel(PlannerStrings::CalculationHeading(), this);
+    calculationHeading->setObjectName(QStringLiteral("calculationHeading"));
+    QFont headingFont = calculationHeading->font();
+    headingFont.setBold(true);
+    calculationHeading->setFont(headingFont);
+
     const int line = fontMetrics().height();
     auto* image = new QLabel(this);
     image->setObjectName(QStringLiteral("reportImage"));
@@ -86,10 +105,16 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::accept);
+    QPushButton* planner =
+        buttons->addButton(PlannerStrings::ReportButton(), QDialogButtonBox::ActionRole);
+    planner->setObjectName(QStringLiteral("plannerButton"));
+    planner->setAutoDefault(false);
+    connect(planner, &QPushButton::clicked, this, &ProgressReportDlg::RequestPlanner);
 
     auto* totals = new QVBoxLayout;
     totals->addWidget(m_completionLabel);
     totals->addWidget(m_gradeLabel);
+    totals->addWidget(m_bandLabel);
     totals->addStretch(1);
     auto* bottom = new QHBoxLayout;
     bottom->addLayout(totals, 1);
@@ -99,10 +124,13 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     layout->addWidget(m_titleLabel);
     layout->addWidget(m_rowList, 1);
     layout->addLayout(bottom);
+    layout->addWidget(m_warningLabel);
+    layout->addWidget(calculationHeading);
+    layout->addWidget(m_calculation, 1);
     layout->addWidget(buttons);
     InstallHelp(this);
 
-    resize(line * 26, line * 22);
+    resize(line * 30, line * 36);
     Load();
 }
 
@@ -155,10 +183,48 @@ void ProgressReportDlg::Load()
                 .trimmed();
     }
 
+    LoadPlanning();
+
     m_titleLabel->setText(m_courseName);
     m_completionLabel->setText(m_completionText);
     m_gradeLabel->setText(m_gradeText);
+    m_bandLabel->setText(m_bandText);
+    m_bandLabel->setVisible(!m_bandText.isEmpty());
+    m_warningLabel->setText(m_warningTexts.isEmpty()
+                                ? QString()
+                                : PlannerStrings::WarningsHeading() + QLatin1Char('\n') +
+                                      m_warningTexts.join(QLatin1Char('\n')));
+    m_warningLabel->setVisible(!m_warningTexts.isEmpty());
+    m_calculation->Fill(m_breakdown);
     ShowRows();
+}
+
+void ProgressReportDlg::LoadPlanning()
+{
+    CGradePlanner planner(m_courseId);
+    const double worst = planner.WorstCase();
+    const double best = planner.BestCase();
+    auto gradeText = [&planner](double fraction) {
+        if (fraction == -1.0 || !std::isfinite(fraction))
+            return PlannerStrings::NoScore();
+        return PlannerStrings::PercentWithGrade(
+            GradeText::NumberToText(GradeText::PercentOf(fraction)),
+            CGradeScaleTable::GetGradeNameFromGrade(planner.GradeOf(fraction)));
+    };
+    m_bandText = worst == -1.0 && best == -1.0
+                     ? QString()
+                     : PlannerStrings::BestWorstLine(gradeText(worst), gradeText(best));
+
+    m_warningTexts.clear();
+    for (const PolicyWarning& warning : CheckCoursePolicy(m_courseId))
+        m_warningTexts << PlannerStrings::WarningItem(warning.Text());
+    m_breakdown = ExplainCourseGrade(m_courseId);
+}
+
+void ProgressReportDlg::RequestPlanner()
+{
+    m_plannerRequested = true;
+    accept();
 }
 
 void ProgressReportDlg::ShowRows()

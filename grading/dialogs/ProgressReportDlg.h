@@ -1,10 +1,14 @@
 #pragma once
 
+#include "grading/GradeBreakdown.h"
+
 #include <QDialog>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
+class ProgressReportCalculation;
 class QLabel;
 class QTreeWidget;
 
@@ -33,6 +37,16 @@ public:
     const std::vector<Row>& Rows() const { return m_rows; }
     QString CompletionText() const { return m_completionText; }
     QString GradeText() const { return m_gradeText; }
+    // "Final grade between ... and ...": the course grade with 0 % and with
+    // 100 % on everything not graded yet; empty when neither has a score.
+    QString BandText() const { return m_bandText; }
+    QStringList WarningTexts() const { return m_warningTexts; }
+    const GradeBreakdown& Breakdown() const { return m_breakdown; }
+
+    // The "Grade Planner..." button closes the report and asks the main
+    // frame to open the planner on the same course.
+    bool PlannerRequested() const { return m_plannerRequested; }
+    void RequestPlanner();
 
     // "%d of %d completed" and "-" or the percent with its grade.
     static QString CountText(const Row& row);
@@ -40,15 +54,23 @@ public:
 
 private:
     void ShowRows();
+    void LoadPlanning();
 
     quint32 m_courseId;
     QString m_courseName;
     std::vector<Row> m_rows;
     QString m_completionText;
     QString m_gradeText;
+    QString m_bandText;
+    QStringList m_warningTexts;
+    GradeBreakdown m_breakdown;
+    bool m_plannerRequested = false;
 
     QLabel* m_titleLabel;
     QTreeWidget* m_rowList;
     QLabel* m_completionLabel;
     QLabel* m_gradeLabel;
+    QLabel* m_bandLabel;
+    QLabel* m_warningLabel;
+    ProgressReportCalculation* m_calculation;
 };
