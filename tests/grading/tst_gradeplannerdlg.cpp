@@ -3,6 +3,7 @@
 // bar's best and worst case.
 #include "BrindleData.h"
 #include "app/GradeBarToolTip.h"
+#include "app/DemoDatabase.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"
 #include "grading/PredictionStore.h"
@@ -21,6 +22,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -70,6 +72,7 @@ private slots:
     void gradingPolicyWarnings();
     void reportShowsBandWarningsAndCalculation();
     void gradeBarToolTip();
+    void grabsOnTheDemo();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -211,6 +214,44 @@ void TestGradePlannerDlg::gradeBarToolTip()
     CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
     frame.RefreshGradeBar();
     QVERIFY(bar->toolTip().isEmpty());
+}
+
+void TestGradePlannerDlg::grabsOnTheDemo()
+{
+    // The planner, the report and the policy dialog at their default sizes
+    // on the demo data, written where BRINDLE_GRAB_DIR says (a temporary
+    // folder otherwise) to be looked at.
+    QVERIFY(BuildDemoDatabase(QDate(2024, 10, 9)));
+    QTemporaryDir temporary;
+    const QString folder = qEnvironmentVariableIsSet("BRINDLE_GRAB_DIR")
+                               ? qEnvironmentVariable("BRINDLE_GRAB_DIR")
+                               : temporary.path();
+    const std::vector<quint32> courses = GetSemesterCourses(0);
+    QVERIFY(!courses.empty());
+    // The first course where a B still takes work.
+    std::unique_ptr<GradePlannerDlg> planner;
+    for (quint32 course : courses) {
+        planner = std::make_unique<GradePlannerDlg>(course);
+        const auto& needs = planner->Needs();
+        const auto b = std::find_if(needs.cbegin(), needs.cend(), [](const auto& need) {
+            return need.gradeName == u"B"_s && need.status == CGradePlanner::Need::Reachable;
+        });
+        if (b == needs.cend())
+            continue;
+        planner->SelectGrade(int(b - needs.cbegin()));
+        QVERIFY(planner->NeedText().startsWith(u"For B"_s));
+        QVERIFY(planner->grab().save(folder + u"/planner.png"_s));
+        planner->SetTargetGpa(u"3.2"_s);
+        planner->Pages()->setCurrentIndex(1);
+        QVERIFY(planner->grab().save(folder + u"/planner-gpa.png"_s));
+        ProgressReportDlg report(course);
+        QVERIFY(report.grab().save(folder + u"/report.png"_s));
+        GradingDlg policy(course);
+        policy.SetWeighting(CGradingPolicyTable::WeightNone);
+        QVERIFY(policy.grab().save(folder + u"/policy.png"_s));
+        return;
+    }
+    QFAIL("no demo course where a B still takes work");
 }
 
 QTEST_MAIN(TestGradePlannerDlg)
