@@ -73,9 +73,9 @@ GradePlannerDlg::GradePlannerDlg(quint32 courseId, QWidget* parent)
     m_needList->header()->setStretchLastSection(true);
     m_needList->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_needList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    m_needList->setMinimumHeight(line * 8);
+    m_needList->setMinimumHeight(line * 7);
     m_assumedList->setObjectName(QStringLiteral("assumedList"));
-    m_assumedList->setMaximumHeight(line * 6);
+    m_assumedList->setMaximumHeight(line * 5);
     auto* needPage = new QWidget(m_pages);
     auto* needLayout = new QVBoxLayout(needPage);
     auto* needPrompt = WrappedLabel("needPrompt", needPage);
@@ -121,7 +121,8 @@ GradePlannerDlg::GradePlannerDlg(quint32 courseId, QWidget* parent)
     layout->addWidget(m_warningLabel);
     layout->addWidget(buttons);
     InstallHelp(this);
-    resize(line * 30, line * 34);
+    // Room for a full scale of grades and a few lines of answer.
+    resize(QSize(line * 32, line * 44).expandedTo(sizeHint()));
 
     const quint32 semesterId = CAppStateTable::Instance().GetCurrentSemesterID();
     m_courseIds = GetSemesterCourses(semesterId);
