@@ -33,7 +33,8 @@ GradeBreakdown ExplainCourseGrade(quint32 courseId)
             item.predicted = e.source != EffectiveScore::Recorded;
             if (!(e.score >= 0.0))
                 item.state = GradeBreakdown::Item::NotGraded;
-            else if (std::find(step.dropped.cbegin(), step.dropped.cend(), i) != step.dropped.cend())
+            else if (std::find(step.dropped.cbegin(), step.dropped.cend(), i) !=
+                     step.dropped.cend())
                 item.state = GradeBreakdown::Item::Dropped;
             else
                 item.state = GradeBreakdown::Item::Counted;

@@ -16,7 +16,7 @@ struct GradeBreakdown
         State state = NotGraded;
         double score = -1.0;
         double possible = 0.0;
-        double weight = 0.0; // Per Item weighting only
+        double weight = 0.0;    // Per Item weighting only
         bool predicted = false; // the score comes from grade prediction
     };
 
@@ -24,7 +24,7 @@ struct GradeBreakdown
     {
         QString name;
         std::vector<Item> items;
-        bool considered = false; // something of it is graded
+        bool considered = false;   // something of it is graded
         double contribution = 0.0; // its part of the course fraction
     };
 

@@ -1,6 +1,8 @@
 #include "GradePlanner.h"
 
 #include "GradeScaleTable.h"
+#include "GradeText.h"
+#include "res/strings/PlannerStrings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,6 +43,15 @@ quint16 CGradePlanner::GradeOf(double fraction) const
     if (fraction == -1.0 || !std::isfinite(fraction))
         return GradeCount();
     return GradeIndexFromMinimums(m_minimums, fraction);
+}
+
+QString CGradePlanner::GradeTextOf(double fraction) const
+{
+    if (fraction == -1.0 || !std::isfinite(fraction))
+        return PlannerStrings::NoScore();
+    return PlannerStrings::PercentWithGrade(
+        GradeText::NumberToText(GradeText::PercentOf(fraction)),
+        CGradeScaleTable::GetGradeNameFromGrade(GradeOf(fraction)));
 }
 
 std::vector<const CourseworkFacts*> CGradePlanner::AssumedCoursework() const
@@ -98,7 +109,7 @@ int CGradePlanner::LowestSafeStep(quint16 grade)
         return Steps + 1;
     if (reaches(0))
         return 0;
-    int low = 0; // does not reach
+    int low = 0;      // does not reach
     int high = Steps; // reaches
     while (high - low > 1) {
         const int middle = low + (high - low) / 2;

@@ -46,6 +46,9 @@ public:
     // The grade a fraction earns, one past the last when none; a fraction
     // that is not a number, or -1.0, earns none.
     quint16 GradeOf(double fraction) const;
+    // "87.35% B+" (the percent rounded up, as the progress report shows it),
+    // or "No Score".
+    QString GradeTextOf(double fraction) const;
     quint16 GradeCount() const { return static_cast<quint16>(m_minimums.size()); }
     const std::vector<double>& Minimums() const { return m_minimums; }
 

@@ -111,8 +111,12 @@ std::vector<PolicyWarning> CheckGradingPolicy(quint32 weighting,
         }
         const int graded = GradedCount(type);
         if (type.drops >= graded)
-            warnings.push_back({PolicyWarning::DropsNotBelowGraded, type.name, {}, double(graded),
-                                0.0, type.drops});
+            warnings.push_back({PolicyWarning::DropsNotBelowGraded,
+                                type.name,
+                                {},
+                                double(graded),
+                                0.0,
+                                type.drops});
     }
     for (size_t i = 1; i < minimums.size(); ++i) {
         // The scan takes the first grade reached, so a grade whose minimum is
@@ -136,7 +140,7 @@ std::vector<PolicyWarning> CheckCoursePolicy(quint32 courseId)
     std::vector<PolicyCheckMinimum> minimums;
     const std::vector<double> table = LoadMinimumPercents(courseId);
     for (size_t grade = 0; grade < table.size(); ++grade)
-        minimums.push_back({CGradeScaleTable::GetGradeNameFromGrade(static_cast<quint16>(grade)),
-                            table[grade]});
+        minimums.push_back(
+            {CGradeScaleTable::GetGradeNameFromGrade(static_cast<quint16>(grade)), table[grade]});
     return CheckGradingPolicy(facts.weighting, types, minimums);
 }

@@ -11,15 +11,15 @@
 struct PolicyWarning
 {
     enum Kind {
-        WeightsNotHundred,   // By Type: the graded types' weights add up to `value`
-        WeightsAllZero,      // By Type: the graded types' weights add up to 0
-        TypeWeightZero,      // By Type: `subject` has weight 0
+        WeightsNotHundred, // By Type: the graded types' weights add up to `value`
+        WeightsAllZero,    // By Type: the graded types' weights add up to 0
+        TypeWeightZero,    // By Type: `subject` has weight 0
         TypeWithoutCoursework,
-        ItemWeightsZero,     // Per Item: `count` coursework of `subject` have weight 0
+        ItemWeightsZero,          // Per Item: `count` coursework of `subject` have weight 0
         ItemWeightsAllZeroGraded, // Per Item: none of `subject` has a weight, one is graded: 0/0
-        DropsNotBelowGraded, // `subject` drops `count`, `value` of its coursework are graded
-        DropsUnderPerItem,   // Per Item never drops
-        MinimumNotFalling,   // the minimum of `subject` (`value`) is not below `other`'s
+        DropsNotBelowGraded,      // `subject` drops `count`, `value` of its coursework are graded
+        DropsUnderPerItem,        // Per Item never drops
+        MinimumNotFalling,        // the minimum of `subject` (`value`) is not below `other`'s
     };
 
     Kind kind;

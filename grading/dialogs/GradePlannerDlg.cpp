@@ -65,8 +65,8 @@ GradePlannerDlg::GradePlannerDlg(quint32 courseId, QWidget* parent)
     // What do I need?
     m_needList->setObjectName(QStringLiteral("needList"));
     m_needList->setColumnCount(3);
-    m_needList->setHeaderLabels(
-        {PlannerStrings::GradeColumn(), PlannerStrings::MinimumColumn(), PlannerStrings::NeedColumn()});
+    m_needList->setHeaderLabels({PlannerStrings::GradeColumn(), PlannerStrings::MinimumColumn(),
+                                 PlannerStrings::NeedColumn()});
     m_needList->setRootIsDecorated(false);
     m_needList->setUniformRowHeights(true);
     m_needList->setAllColumnsShowFocus(true);
@@ -148,16 +148,6 @@ GradePlannerDlg::GradePlannerDlg(quint32 courseId, QWidget* parent)
     m_courseCombo->setFocus();
 }
 
-QString GradePlannerDlg::GradeText(double fraction) const
-{
-    if (fraction == -1.0 || !std::isfinite(fraction))
-        return PlannerStrings::NoScore();
-    const quint16 grade = m_planner->GradeOf(fraction);
-    return PlannerStrings::PercentWithGrade(
-        GradeText::NumberToText(GradeText::PercentOf(fraction)),
-        CGradeScaleTable::GetGradeNameFromGrade(grade));
-}
-
 void GradePlannerDlg::SelectCourse(int index)
 {
     if (index < 0 || index >= CourseCount()) {
@@ -187,10 +177,10 @@ void GradePlannerDlg::ShowCourse()
     m_nowLabel->clear();
     if (m_planner) {
         m_needs = m_planner->Needs();
-        m_bestText = PlannerStrings::BestCase(GradeText(m_planner->BestCase()));
-        m_worstText = PlannerStrings::WorstCase(GradeText(m_planner->WorstCase()));
-        m_nowLabel->setText(
-            PlannerStrings::CurrentGrade(GradeText(GetCourseGrade(m_planner->CourseID()))));
+        m_bestText = PlannerStrings::BestCase(m_planner->GradeTextOf(m_planner->BestCase()));
+        m_worstText = PlannerStrings::WorstCase(m_planner->GradeTextOf(m_planner->WorstCase()));
+        m_nowLabel->setText(PlannerStrings::CurrentGrade(
+            m_planner->GradeTextOf(GetCourseGrade(m_planner->CourseID()))));
         for (const CourseworkFacts* coursework : m_planner->AssumedCoursework()) {
             m_assumedTexts << PlannerStrings::AssumedItem(
                 CCwTypeTable::GetCwTypeNameFromID(coursework->cwTypeId), coursework->name,
@@ -231,8 +221,8 @@ void GradePlannerDlg::ShowCourse()
                 answer = PlannerStrings::NotReachable();
                 break;
             }
-            auto* item = new QTreeWidgetItem(
-                m_needList, {need.gradeName, PercentText(need.minimum), answer});
+            auto* item = new QTreeWidgetItem(m_needList,
+                                             {need.gradeName, PercentText(need.minimum), answer});
             item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         }
     }
@@ -241,8 +231,7 @@ void GradePlannerDlg::ShowCourse()
         return need.status == CGradePlanner::Need::Reachable;
     });
     m_selectedGrade = -1;
-    SelectGrade(m_needs.empty() ? -1
-                                : open == m_needs.cend() ? 0 : int(open - m_needs.cbegin()));
+    SelectGrade(m_needs.empty() ? -1 : open == m_needs.cend() ? 0 : int(open - m_needs.cbegin()));
 }
 
 void GradePlannerDlg::SelectGrade(int row)
@@ -271,8 +260,8 @@ void GradePlannerDlg::ShowGrade()
                 static_cast<int>(m_planner->AssumedCoursework().size()));
             break;
         case CGradePlanner::Need::NotReachable:
-            m_needText = PlannerStrings::NeedNotReachable(need.gradeName, minimum,
-                                                          GradeText(m_planner->BestCase()));
+            m_needText = PlannerStrings::NeedNotReachable(
+                need.gradeName, minimum, m_planner->GradeTextOf(m_planner->BestCase()));
             break;
         }
     }
@@ -315,12 +304,12 @@ void GradePlannerDlg::AnswerGpa()
             lines << PlannerStrings::GpaReachable(GradeText::NumberToText(answer.percent), gpa);
             for (const CGpaPlanner::CourseGrade& course : answer.courses) {
                 lines << PlannerStrings::CourseGrade(
-                    course.courseName, course.fraction == -1.0
-                                           ? PlannerStrings::NoScore()
-                                           : PlannerStrings::PercentWithGrade(
-                                                 GradeText::NumberToText(
-                                                     GradeText::PercentOf(course.fraction)),
-                                                 course.gradeName));
+                    course.courseName,
+                    course.fraction == -1.0
+                        ? PlannerStrings::NoScore()
+                        : PlannerStrings::PercentWithGrade(
+                              GradeText::NumberToText(GradeText::PercentOf(course.fraction)),
+                              course.gradeName));
             }
             break;
         case CGpaPlanner::Answer::NotReachable:

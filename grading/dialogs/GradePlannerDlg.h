@@ -53,7 +53,6 @@ private:
     void ShowCourse();
     void ShowGrade();
     void AnswerGpa();
-    QString GradeText(double fraction) const;
 
     std::vector<quint32> m_courseIds;
     int m_selectedCourse = -1;

@@ -17,8 +17,8 @@
 
 #include <QButtonGroup>
 #include <QContextMenuEvent>
-#include <QLabel>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
@@ -65,11 +65,10 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
     connect(m_typesPage->ApplyButton(), &QPushButton::clicked, this, [this] { ApplyTypeEdit(); });
     connect(m_typesPage->DiscardButton(), &QPushButton::clicked, this,
             &GradingDlg::DiscardTypeEdit);
-    connect(m_weightingPage->Buttons(), &QButtonGroup::idClicked, this,
-            [this](int id) {
-                m_weighting = id;
-                RefreshWarnings();
-            });
+    connect(m_weightingPage->Buttons(), &QButtonGroup::idClicked, this, [this](int id) {
+        m_weighting = id;
+        RefreshWarnings();
+    });
     QTreeWidget* minimums = m_gradingPage->List();
     connect(minimums, &QWidget::customContextMenuRequested, this,
             [this, minimums](const QPoint& position) {
@@ -163,10 +162,11 @@ void GradingDlg::RefreshWarnings()
         minimums.push_back({entry.gradeName, entry.minimum});
 
     m_warningTexts.clear();
-    for (const PolicyWarning& warning :
-         CheckGradingPolicy(m_weighting < 0 ? static_cast<quint32>(CGradingPolicyTable::GetWeightingFromCourseID(m_courseId))
-                                            : static_cast<quint32>(m_weighting),
-                            types, minimums))
+    for (const PolicyWarning& warning : CheckGradingPolicy(
+             m_weighting < 0
+                 ? static_cast<quint32>(CGradingPolicyTable::GetWeightingFromCourseID(m_courseId))
+                 : static_cast<quint32>(m_weighting),
+             types, minimums))
         m_warningTexts << PlannerStrings::WarningItem(warning.Text());
     m_warningLabel->setText(m_warningTexts.isEmpty()
                                 ? QString()

@@ -39,8 +39,8 @@ QStringList ProgressReportCalculation::ItemTexts(const GradeBreakdown::Item& ite
         state = PlannerStrings::ItemDropped();
         break;
     case GradeBreakdown::Item::Counted:
-        state = item.predicted ? PlannerStrings::ItemCountedPredicted()
-                               : PlannerStrings::ItemCounted();
+        state =
+            item.predicted ? PlannerStrings::ItemCountedPredicted() : PlannerStrings::ItemCounted();
         break;
     }
     if (item.state != GradeBreakdown::Item::NotGraded) {

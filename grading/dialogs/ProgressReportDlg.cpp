@@ -16,13 +16,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QPixmap>
+#include <QPushButton>
 #include <QSvgRenderer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-
-#include <cmath>
 
 namespace {
 
@@ -204,16 +202,10 @@ void ProgressReportDlg::LoadPlanning()
     CGradePlanner planner(m_courseId);
     const double worst = planner.WorstCase();
     const double best = planner.BestCase();
-    auto gradeText = [&planner](double fraction) {
-        if (fraction == -1.0 || !std::isfinite(fraction))
-            return PlannerStrings::NoScore();
-        return PlannerStrings::PercentWithGrade(
-            GradeText::NumberToText(GradeText::PercentOf(fraction)),
-            CGradeScaleTable::GetGradeNameFromGrade(planner.GradeOf(fraction)));
-    };
-    m_bandText = worst == -1.0 && best == -1.0
-                     ? QString()
-                     : PlannerStrings::BestWorstLine(gradeText(worst), gradeText(best));
+    m_bandText =
+        worst == -1.0 && best == -1.0
+            ? QString()
+            : PlannerStrings::BestWorstLine(planner.GradeTextOf(worst), planner.GradeTextOf(best));
 
     m_warningTexts.clear();
     for (const PolicyWarning& warning : CheckCoursePolicy(m_courseId))

@@ -239,8 +239,8 @@ inline QString DropsUnderPerItem(const QString& type)
     return BrindleText::tr("\"%1\" has drops, but drops have no effect under Per Item weighting.")
         .arg(type);
 }
-inline QString MinimumNotFalling(const QString& grade, const QString& minimum,
-                                 const QString& above, const QString& aboveMinimum)
+inline QString MinimumNotFalling(const QString& grade, const QString& minimum, const QString& above,
+                                 const QString& aboveMinimum)
 {
     return BrindleText::tr("The minimum for %1 (%2%) is not below the minimum for %3 (%4%), so "
                            "%1 is never given.")

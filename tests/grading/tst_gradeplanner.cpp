@@ -82,7 +82,8 @@ double RealFraction(quint32 courseId, double percent)
 bool RealReaches(quint32 courseId, double percent, quint16 grade)
 {
     const double fraction = RealFraction(courseId, percent);
-    return fraction != -1.0 && std::isfinite(fraction) && GetGradeIndex(courseId, fraction) <= grade;
+    return fraction != -1.0 && std::isfinite(fraction) &&
+           GetGradeIndex(courseId, fraction) <= grade;
 }
 
 // Checks one answer against the real calculation.
@@ -167,23 +168,19 @@ void TestGradePlanner::needs_data()
         << 0u << Course{{0, 0, {{10, 90}, {-1, 10}}}} << abcd << QList<int>{N, N, N, N};
     QTest::newRow("none: extra credit already in")
         << 0u << Course{{0, 0, {{60, 50}, {-1, 50}}}} << abcd << QList<int>{R, R, R, S};
-    QTest::newRow("none: drops")
-        << 0u << Course{{0, 1, {{8, 10}, {2, 10}, {-1, 10}, {-1, 10}}}} << abcd
-        << QList<int>{R, R, R, R};
+    QTest::newRow("none: drops") << 0u << Course{{0, 1, {{8, 10}, {2, 10}, {-1, 10}, {-1, 10}}}}
+                                 << abcd << QList<int>{R, R, R, R};
     QTest::newRow("by type: two types")
-        << 1u
-        << Course{{40, 0, {{18, 20}, {-1, 20}}}, {60, 0, {{-1, 100}}}, {0, 0, {{-1, 10}}}}
+        << 1u << Course{{40, 0, {{18, 20}, {-1, 20}}}, {60, 0, {{-1, 100}}}, {0, 0, {{-1, 10}}}}
         << abcd << QList<int>{R, R, R, R};
     QTest::newRow("by type: weights not 100")
         << 1u << Course{{1, 0, {{7, 10}}}, {3, 0, {{-1, 10}}}} << abcd << QList<int>{R, R, R, R};
-    QTest::newRow("per item")
-        << 2u << Course{{0, 0, {{9, 10, 1}, {-1, 10, 3}, {-1, 5, 1}}}} << abcd
-        << QList<int>{R, R, R, R};
+    QTest::newRow("per item") << 2u << Course{{0, 0, {{9, 10, 1}, {-1, 10, 3}, {-1, 5, 1}}}} << abcd
+                              << QList<int>{R, R, R, R};
     QTest::newRow("per item: all weights 0 (0/0)")
         << 2u << Course{{0, 0, {{9, 10, 0}, {-1, 10, 0}}}} << abcd << QList<int>{N, N, N, N};
-    QTest::newRow("minimums not falling")
-        << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}} << Minimums{90, 95, 70}
-        << QList<int>{R, R, R};
+    QTest::newRow("minimums not falling") << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}}
+                                          << Minimums{90, 95, 70} << QList<int>{R, R, R};
 }
 
 void TestGradePlanner::needs()
@@ -259,7 +256,8 @@ void TestGradePlanner::risesWithThePercentWithoutDrops()
             Type type{double(random.bounded(50)), 0, {}};
             for (int i = 0; i < 4; ++i) {
                 const double possible = double(1 + random.bounded(20));
-                const double score = random.bounded(3) == 0 ? -1.0 : possible * random.bounded(130) / 100.0;
+                const double score =
+                    random.bounded(3) == 0 ? -1.0 : possible * random.bounded(130) / 100.0;
                 type.items.push_back({score, possible, double(1 + random.bounded(3))});
             }
             course.push_back(type);
@@ -369,8 +367,8 @@ void TestGradePlanner::policyChecks_data()
 
     const Minimums falling{90, 80};
     const Item graded{8, 10, 1};
-    QTest::newRow("clean by type") << 1u << Course{{40, 0, {graded}}, {60, 0, {graded}}}
-                                   << falling << QList<int>{};
+    QTest::newRow("clean by type")
+        << 1u << Course{{40, 0, {graded}}, {60, 0, {graded}}} << falling << QList<int>{};
     QTest::newRow("by type not 100")
         << 1u << Course{{40, 0, {graded}}, {50, 0, {graded}}, {20, 0, {{-1, 10}}}} << falling
         << QList<int>{PolicyWarning::WeightsNotHundred};
@@ -380,20 +378,17 @@ void TestGradePlanner::policyChecks_data()
     QTest::newRow("type without coursework")
         << 0u << Course{{0, 0, {graded}}, {0, 0, {}}} << falling
         << QList<int>{PolicyWarning::TypeWithoutCoursework};
-    QTest::newRow("per item zero weights")
-        << 2u << Course{{0, 0, {graded, {-1, 10, 0}}}} << falling
-        << QList<int>{PolicyWarning::ItemWeightsZero};
-    QTest::newRow("per item 0/0")
-        << 2u << Course{{0, 0, {{8, 10, 0}, {-1, 10, 0}}}} << falling
-        << QList<int>{PolicyWarning::ItemWeightsAllZeroGraded};
-    QTest::newRow("per item drops")
-        << 2u << Course{{0, 1, {graded, graded}}} << falling
-        << QList<int>{PolicyWarning::DropsUnderPerItem};
+    QTest::newRow("per item zero weights") << 2u << Course{{0, 0, {graded, {-1, 10, 0}}}} << falling
+                                           << QList<int>{PolicyWarning::ItemWeightsZero};
+    QTest::newRow("per item 0/0") << 2u << Course{{0, 0, {{8, 10, 0}, {-1, 10, 0}}}} << falling
+                                  << QList<int>{PolicyWarning::ItemWeightsAllZeroGraded};
+    QTest::newRow("per item drops") << 2u << Course{{0, 1, {graded, graded}}} << falling
+                                    << QList<int>{PolicyWarning::DropsUnderPerItem};
     QTest::newRow("drops not below graded")
         << 0u << Course{{0, 2, {graded, graded, {-1, 10}}}} << falling
         << QList<int>{PolicyWarning::DropsNotBelowGraded};
-    QTest::newRow("drops below graded") << 0u << Course{{0, 1, {graded, graded}}} << falling
-                                        << QList<int>{};
+    QTest::newRow("drops below graded")
+        << 0u << Course{{0, 1, {graded, graded}}} << falling << QList<int>{};
     QTest::newRow("minimums equal") << 0u << Course{{0, 0, {graded}}} << Minimums{90, 90, 70}
                                     << QList<int>{PolicyWarning::MinimumNotFalling};
 }
@@ -418,9 +413,8 @@ void TestGradePlanner::policyChecks()
 
 void TestGradePlanner::breakdownShowsDropsAndShares()
 {
-    const quint32 courseId =
-        MakeCourse(1, {{40, 1, {{8, 10}, {5, 10}, {-1, 10}}}, {60, 0, {{-1, 10}}}, {60, 0, {{7, 10}}}},
-                   {90});
+    const quint32 courseId = MakeCourse(
+        1, {{40, 1, {{8, 10}, {5, 10}, {-1, 10}}}, {60, 0, {{-1, 10}}}, {60, 0, {{7, 10}}}}, {90});
     RecomputeCourseGrade(courseId);
     const GradeBreakdown breakdown = ExplainCourseGrade(courseId);
     QCOMPARE(breakdown.fraction, GetCourseGrade(courseId));

@@ -2,8 +2,8 @@
 // progress report; the warnings of the grading policy dialog and the grade
 // bar's best and worst case.
 #include "BrindleData.h"
-#include "app/GradeBarToolTip.h"
 #include "app/DemoDatabase.h"
+#include "app/GradeBarToolTip.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"
 #include "grading/PredictionStore.h"
