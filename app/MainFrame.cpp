@@ -8,6 +8,7 @@
 #include "grading/PredictionStore.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/PlannerStrings.h"
+#include "res/strings/ExportStrings.h"
 
 #include <QAction>
 #include <QApplication>
@@ -39,6 +40,7 @@ CMainFrame::CMainFrame(QWidget* parent) : QMainWindow(parent), m_view(new CMainV
     WireCourseworkCommands();
     WireGradeCommands();
     WireMaintenanceCommands();
+    WireExportCommands();
 
     connect(m_view, &CMainView::CurrentCourseChanged, this, [this] { RefreshMenuBar(); });
     connect(m_view, &CMainView::BannerCommand, this, [this] { OnBannerCommand(); });
@@ -77,6 +79,7 @@ void CMainFrame::BuildActions()
     m_institution = MakeAction(AppStrings::Institution(), "actionInstitution");
     m_reportCard = MakeAction(AppStrings::ReportCard(), "actionReportCard");
     m_gradePlanner = MakeAction(PlannerStrings::MenuItem(), "actionGradePlanner");
+    m_exportFolders = MakeAction(ExportStrings::ExportFolders(), "actionExportFolders");
     m_predictionOptions = MakeAction(AppStrings::PredictionOptions(), "actionPredictionOptions");
     m_togglePrediction = MakeAction(AppStrings::TurnOn(), "actionTogglePrediction");
     m_help = MakeAction(AppStrings::HelpContents(), "actionHelp");
@@ -110,6 +113,9 @@ void CMainFrame::BuildMenus()
         {m_semester, m_tabOrder, m_buildings, m_allInstructors, m_institution, m_reportCard});
     m_toolsMenu->addSeparator();
     m_toolsMenu->addAction(m_gradePlanner);
+    // Beyond the program's own commands: where exported items are written.
+    m_toolsMenu->addSeparator();
+    m_toolsMenu->addAction(m_exportFolders);
 
     m_predictionMenu = new QMenu(AppStrings::MenuPrediction(), this);
     m_predictionMenu->setObjectName(QStringLiteral("menuPrediction"));

@@ -60,6 +60,7 @@ private:
     void WireGradeCommands();
     void WireMaintenanceCommands();
     void OpenGradePlanner(quint32 courseId);
+    void WireExportCommands();
 
     CMainView* m_view;
 
@@ -80,6 +81,7 @@ private:
     QAction* m_institution = nullptr;
     QAction* m_reportCard = nullptr;
     QAction* m_gradePlanner = nullptr;
+    QAction* m_exportFolders = nullptr;
     QAction* m_predictionOptions = nullptr;
     QAction* m_togglePrediction = nullptr;
     QAction* m_help = nullptr;

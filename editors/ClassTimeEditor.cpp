@@ -7,7 +7,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QRegularExpression>
 #include <QStringList>
 #include <QTimeEdit>
 #include <QToolButton>
@@ -105,10 +104,7 @@ ClassTimeEntry CClassTimeEditor::Entry() const
 
 QString CClassTimeEditor::TimeFormat()
 {
-    // Slots are whole minutes: the locale's short format without seconds.
-    QString format = QLocale().timeFormat(QLocale::ShortFormat);
-    format.remove(QRegularExpression(QStringLiteral("[:.]?s+")));
-    return format;
+    return BrindleDate::ShortTimeFormat();
 }
 
 QString CClassTimeEditor::DaysText(quint16 days)

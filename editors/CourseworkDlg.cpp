@@ -1,6 +1,7 @@
 #include "CourseworkDlg.h"
 
 #include "CourseworkDlgDetailsPage.h"
+#include "CourseworkDlgExport.h"
 #include "CourseworkDlgInfoPage.h"
 #include "app/Clock.h"
 #include "controls/DialogRunner.h"
@@ -44,7 +45,7 @@ void ShowPoints(CNumericEdit* edit, double value)
 CourseworkDlg::CourseworkDlg(QWidget* parent)
     : QDialog(parent), m_pages(new QTabWidget(this)),
       m_infoPage(new CourseworkDlgInfoPage(m_pages)),
-      m_detailsPage(new CourseworkDlgDetailsPage(m_pages))
+      m_detailsPage(new CourseworkDlgDetailsPage(m_pages)), m_export(new CourseworkDlgExport(this))
 {
     setObjectName(QStringLiteral("CourseworkDlg"));
     m_pages->setObjectName(QStringLiteral("courseworkPages"));
@@ -52,6 +53,7 @@ CourseworkDlg::CourseworkDlg(QWidget* parent)
     m_pages->addTab(m_detailsPage, CourseworkStrings::PageDetails());
 
     auto* bar = new QMenuBar(this);
+    m_export->AddMenu(bar);
     QMenu* add = bar->addMenu(CourseworkStrings::MenuAdd());
     add->setObjectName(QStringLiteral("menuAdd"));
     m_addCwType = add->addAction(CourseworkStrings::AddCwType());
@@ -119,6 +121,8 @@ bool CourseworkDlg::OnInitDialog()
     // shows its weight field too.
     ShowWeightForCourse();
     FillFields();
+    if (!m_new)
+        m_export->CheckLinks(m_courseworkId);
     return true;
 }
 
@@ -297,8 +301,19 @@ bool CourseworkDlg::Save()
 
 bool CourseworkDlg::OnOK()
 {
-    if (!Save())
-        return false;
+    QStringList failures;
+    {
+        // The save and the links of the export land together.
+        CTransaction transaction;
+        if (!Save())
+            return false;
+        failures = m_export->Export(m_courseworkId);
+        if (!transaction.Commit())
+            return false;
+    }
+    // Reported once the coursework is safely saved; they do not undo it.
+    for (const QString& failure : failures)
+        BrindleMessageBox::Warn(this, failure);
     m_finished = true;
     QDialog::accept();
     return true;

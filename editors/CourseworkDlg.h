@@ -5,6 +5,7 @@
 #include <QDialog>
 
 class CourseworkDlgDetailsPage;
+class CourseworkDlgExport;
 class CourseworkDlgInfoPage;
 class QAction;
 class QTabWidget;
@@ -33,7 +34,7 @@ public:
     bool OnInitDialog();
     // The save steps; false (the dialog stays open) when a field is refused.
     bool Save();
-    // OK: save, then close.
+    // OK: save, export each checked kind (or drop its link), then close.
     bool OnOK();
     // Cancel: a new coursework's record is removed.
     void OnCancel();
@@ -52,6 +53,7 @@ public:
     QTabWidget* Pages() const { return m_pages; }
     CourseworkDlgInfoPage* InfoPage() const { return m_infoPage; }
     CourseworkDlgDetailsPage* DetailsPage() const { return m_detailsPage; }
+    CourseworkDlgExport* Export() const { return m_export; }
     QAction* AddCwTypeAction() const { return m_addCwType; }
     QAction* AddTextbookAction() const { return m_addTextbook; }
 
@@ -82,6 +84,7 @@ private:
     QTabWidget* m_pages;
     CourseworkDlgInfoPage* m_infoPage;
     CourseworkDlgDetailsPage* m_detailsPage;
+    CourseworkDlgExport* m_export;
     QAction* m_addCwType = nullptr;
     QAction* m_addTextbook = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "BrindleData.h"
 #include "InstructorDlgBasicPage.h"
+#include "InstructorDlgExport.h"
 #include "RoomPage.h"
 #include "TimeListPage.h"
 #include "controls/HelpViewer.h"
@@ -37,6 +38,7 @@ void ForEachRow(quint16 sortOrder, quint32 id, Visit visit)
 
 InstructorDlg::InstructorDlg(quint32 courseId, QWidget* parent)
     : QDialog(parent), m_courseId(courseId), m_menuBar(new QMenuBar(this)),
+      m_export(new InstructorDlgExport(this)),
       m_pages(new QTabWidget(this)), m_basicPage(new CInstructorBasicPage(m_pages)),
       m_hoursPage(new CTimeListPage(QStringLiteral(":/images/times.svg"), m_pages)),
       m_roomPage(new CRoomPage(false, QStringLiteral(":/images/room.svg"), m_pages)),
@@ -89,6 +91,15 @@ void InstructorDlg::BuildMenus()
     m_deleteCurrent = deleteMenu->addAction(EditorStrings::CurrentInstructor(), this,
                                             &InstructorDlg::OnDeleteCurrent);
     m_deleteCurrent->setObjectName(QStringLiteral("actionDeleteCurrent"));
+
+    m_exportContacts = m_export->AddMenu(m_menuBar);
+    connect(m_exportContacts, &QAction::toggled, this, &InstructorDlg::OnExportContacts);
+}
+
+void InstructorDlg::OnExportContacts(bool on)
+{
+    if (m_shown >= 0 && m_shown < static_cast<int>(m_entries.size()))
+        m_entries[static_cast<size_t>(m_shown)].exportContact = on;
 }
 
 InstructorEntry InstructorDlg::LoadEntry(quint32 instructorId, bool* found)
@@ -110,12 +121,7 @@ InstructorEntry InstructorDlg::LoadEntry(quint32 instructorId, bool* found)
         entry.officeHours.push_back(
             {times.GetRecordID(), times.GetDayOfWeek(), times.GetStartTime(), times.GetEndTime()});
     });
-    ForEachRow<COutlookTable>(1, instructorId, [&](COutlookTable& links) {
-        if (entry.contactId == 0) {
-            entry.contactId = links.GetOutlookItemID();
-            entry.exportContact = true;
-        }
-    });
+    m_export->CheckLink(entry);
     return entry;
 }
 
@@ -220,6 +226,10 @@ void InstructorDlg::UpdateMenuStates()
     if (m_fromPrevious)
         m_fromPrevious->setEnabled(m_storeHadInstructors);
     m_deleteCurrent->setEnabled(!m_entries.empty());
+    const bool shown = m_shown >= 0 && m_shown < static_cast<int>(m_entries.size());
+    const QSignalBlocker blocker(m_exportContacts);
+    m_exportContacts->setEnabled(shown);
+    m_exportContacts->setChecked(shown && m_entries[static_cast<size_t>(m_shown)].exportContact);
 }
 
 void InstructorDlg::SetEditorOpen(bool open)
@@ -321,7 +331,7 @@ void InstructorDlg::DeleteRemovedInstructor(quint32 instructorId)
     ForEachRow<COutlookTable>(1, instructorId, [](COutlookTable& links) { links.DeleteRecord(0); });
 }
 
-void InstructorDlg::SaveEntry(InstructorEntry& entry)
+void InstructorDlg::SaveEntry(InstructorEntry& entry, QStringList& failures)
 {
     CInstructorTable instructors;
     if (!instructors.Open())
@@ -346,12 +356,8 @@ void InstructorDlg::SaveEntry(InstructorEntry& entry)
     instructors.UpdateRecord();
     const quint32 instructorId = instructors.GetRecordID();
 
-    if (!entry.exportContact && entry.contactId != 0) {
-        ForEachRow<COutlookTable>(1, instructorId, [](COutlookTable& links) {
-            if (links.GetItemType() == COutlookTable::olContactItem)
-                links.DeleteRecord(0);
-        });
-    }
+    if (const QString failure = m_export->Export(instructorId, entry); !failure.isEmpty())
+        failures << failure;
 
     CTimeTable times;
     if (times.Open()) {
@@ -400,9 +406,15 @@ bool InstructorDlg::OnOK()
             }
         }
     }
+    QStringList failures;
     for (InstructorEntry& entry : m_entries)
-        SaveEntry(entry);
-    return transaction.Commit() != 0;
+        SaveEntry(entry, failures);
+    if (!transaction.Commit())
+        return false;
+    // Reported once the instructors are safely saved; they do not undo it.
+    for (const QString& failure : failures)
+        BrindleMessageBox::Warn(this, failure);
+    return true;
 }
 
 void InstructorDlg::accept()

@@ -7,6 +7,7 @@
 #include <vector>
 
 class CInstructorBasicPage;
+class InstructorDlgExport;
 class CRoomPage;
 class CTimeListPage;
 class QAction;
@@ -65,20 +66,25 @@ public:
     QAction* FromPreviousAction() const { return m_fromPrevious; }
     QAction* BrandNewAction() const { return m_brandNew; }
     QAction* DeleteCurrentAction() const { return m_deleteCurrent; }
+    QAction* ExportContactsAction() const { return m_exportContacts; }
+    InstructorDlgExport* Export() const { return m_export; }
 
 public slots:
     void accept() override;
 
 private:
     void BuildMenus();
-    static InstructorEntry LoadEntry(quint32 instructorId, bool* found);
+    InstructorEntry LoadEntry(quint32 instructorId, bool* found);
+    // "Export" > "Contacts": the shown instructor's flag.
+    void OnExportContacts(bool on);
     void StoreShown();
     void ShowEntry(int index);
     void RefreshInstructorBox();
     void UpdateMenuStates();
     void SetEditorOpen(bool open);
     void DeleteRemovedInstructor(quint32 instructorId);
-    void SaveEntry(InstructorEntry& entry);
+    // The failure of the contact export, if any, goes into `failures`.
+    void SaveEntry(InstructorEntry& entry, QStringList& failures);
 
     quint32 m_courseId;
     std::vector<InstructorEntry> m_entries;
@@ -91,6 +97,8 @@ private:
     QAction* m_fromPrevious = nullptr;
     QAction* m_brandNew = nullptr;
     QAction* m_deleteCurrent = nullptr;
+    QAction* m_exportContacts = nullptr;
+    InstructorDlgExport* m_export;
     QTabWidget* m_pages;
     CInstructorBasicPage* m_basicPage;
     CTimeListPage* m_hoursPage;

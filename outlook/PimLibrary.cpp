@@ -1,38 +1,37 @@
 #include "PimLibrary.h"
 
-#include <QDir>
-#include <QStandardPaths>
+#include "VdirStore.h"
 
 namespace PimLibrary {
 
 namespace {
-QString g_root;
+bool g_initialized = false;
 }
 
 bool Initialize()
 {
-    QString root = qEnvironmentVariable("BRINDLE_PIM_DIR");
-    if (root.isEmpty())
-        root = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/pim");
-    if (!QDir().mkpath(root))
-        return false;
-    g_root = QDir::cleanPath(root);
+    g_initialized = true;
     return true;
 }
 
 void Release()
 {
-    g_root.clear();
+    g_initialized = false;
 }
 
 bool IsInitialized()
 {
-    return !g_root.isEmpty();
+    return g_initialized;
 }
 
-QString RootFolder()
+std::unique_ptr<IPOutlookApp> OpenConnection()
 {
-    return g_root;
+    if (!g_initialized)
+        return nullptr;
+    auto store = std::make_unique<CVdirStore>(PimFolders::Load());
+    if (!store->Logon())
+        return nullptr;
+    return store;
 }
 
 } // namespace PimLibrary

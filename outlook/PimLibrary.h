@@ -1,18 +1,21 @@
 #pragma once
 
-#include <QString>
+#include "POutlookApp.h"
 
-// The personal-information store that coursework and instructors are exported
-// to: one vdir folder per kind (tasks, calendar, contacts) under the user's
-// data folder, or under BRINDLE_PIM_DIR when that is set. Initialised once at
-// start-up and released at exit.
+#include <memory>
+
+// The personal-information store library: initialised once at start-up and
+// released at exit. While it is initialised, each editor that exports opens
+// its own connection for as long as it lives.
 namespace PimLibrary {
 
 bool Initialize();
 void Release();
 bool IsInitialized();
 
-// The folder that holds the kinds' folders; empty before Initialize.
-QString RootFolder();
+// A logged-on connection to the store in the folders of the settings file,
+// or null (library not initialised, or a folder that cannot be made or
+// written): exports then do nothing.
+std::unique_ptr<IPOutlookApp> OpenConnection();
 
 } // namespace PimLibrary

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+// Where the vdir store keeps each kind of item: by default pim/tasks,
+// pim/calendar and pim/contacts under Brindle's data folder (or under the
+// environment's BRINDLE_PIM_DIR), or the folders named in the settings file
+// under [Export] TasksFolder, CalendarFolder, ContactsFolder, which may be a
+// user's own vdir collections.
+struct PimFolders
+{
+    QString tasks;
+    QString calendar;
+    QString contacts;
+
+    static PimFolders Defaults();
+    // The folders in effect: the settings file's, else the defaults.
+    static PimFolders Load();
+    // Writes the folders into the settings file; an empty or default folder
+    // removes its key. Nonzero when the file was written.
+    static int Store(const PimFolders& folders);
+
+    // Nonzero when the folder exists or can be made, and a file can be
+    // written into it.
+    static int IsUsable(const QString& folder);
+};

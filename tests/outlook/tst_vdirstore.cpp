@@ -1,0 +1,356 @@
+// The vdir store on its own: logging on, ids, the iCalendar and vCard it
+// writes, and what an update keeps of a file a client changed.
+#include "outlook/ContactExport.h"
+#include "outlook/IcalDocument.h"
+#include "outlook/VCard.h"
+#include "outlook/VdirStore.h"
+#include "store/DateEncoding.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+PimFolders FoldersIn(const QTemporaryDir& dir)
+{
+    return {dir.filePath(u"tasks"_s), dir.filePath(u"calendar"_s), dir.filePath(u"contacts"_s)};
+}
+
+QByteArray Read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool Write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// The unfolded lines of an iCalendar or vCard file.
+QStringList Lines(const QByteArray& bytes)
+{
+    QString text = QString::fromUtf8(bytes);
+    text.replace(u"\r\n "_s, QString());
+    return text.split(u"\r\n"_s, Qt::SkipEmptyParts);
+}
+
+double Due(int year, int month, int day, int hour, int minute)
+{
+    return BrindleDate::FromDateTime(QDateTime(QDate(year, month, day), QTime(hour, minute)));
+}
+
+} // namespace
+
+class TestVdirStore : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void logonMakesFoldersAndKeepsDisplayNames();
+    void logonFailsWhenAFolderCannotBeMade();
+    void idsAreUniqueAndNeverReused();
+    void taskProperties_data();
+    void taskProperties();
+    void allDayAppointment();
+    void updateKeepsWhatAClientAdded();
+    void taskCompletedElsewhereStaysDone();
+    void sharedTaskAndCalendarFolder();
+    void saveFailsWhenTheFolderIsGone();
+    void vcardEscapesAndFolds();
+    void contactUpdateKeepsOtherLines();
+    void notesText_data();
+    void notesText();
+};
+
+void TestVdirStore::logonMakesFoldersAndKeepsDisplayNames()
+{
+    QTemporaryDir dir;
+    const PimFolders folders = FoldersIn(dir);
+    QVERIFY(QDir().mkpath(folders.contacts));
+    QVERIFY(Write(folders.contacts + u"/displayname"_s, "My Friends"));
+
+    CVdirStore store(folders);
+    QVERIFY(store.Logon());
+    QCOMPARE(Read(folders.tasks + u"/displayname"_s), QByteArray("Brindle Tasks"));
+    QCOMPARE(Read(folders.calendar + u"/displayname"_s), QByteArray("Brindle Calendar"));
+    QCOMPARE(Read(folders.contacts + u"/displayname"_s), QByteArray("My Friends"));
+    // Nothing but the names: no probe or temporary file stays behind.
+    QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden), QStringList{u"displayname"_s});
+}
+
+void TestVdirStore::logonFailsWhenAFolderCannotBeMade()
+{
+    QTemporaryDir dir;
+    PimFolders folders = FoldersIn(dir);
+    // A file where a folder should go: even an administrator cannot make it.
+    QVERIFY(Write(dir.filePath(u"blocked"_s), "x"));
+    folders.calendar = dir.filePath(u"blocked/calendar"_s);
+    CVdirStore store(folders);
+    QVERIFY(!store.Logon());
+    QVERIFY(!store.CreateItem(COutlookTable::olTaskItem));
+}
+
+void TestVdirStore::idsAreUniqueAndNeverReused()
+{
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto task = store.CreateItem(COutlookTable::olTaskItem);
+    QVERIFY(task && task->Save());
+    auto contact = store.CreateItem(COutlookTable::olContactItem);
+    QVERIFY(contact && contact->Save());
+    QVERIFY(contact->get_Oid() > task->get_Oid());
+    const quint32 last = contact->get_Oid();
+
+    // The user deletes the newest item; its id is still not given again,
+    // not even by a store opened afresh on the same folders.
+    QVERIFY(QFile::remove(store.Folders().contacts + u"/%1.vcf"_s.arg(last)));
+    CVdirStore reopened(FoldersIn(dir));
+    QVERIFY(reopened.Logon());
+    auto appointment = reopened.CreateItem(COutlookTable::olAppointmentItem);
+    QVERIFY(appointment && appointment->Save());
+    QVERIFY(appointment->get_Oid() > last);
+
+    // A file that arrived by syncing counts too.
+    QVERIFY(Write(store.Folders().tasks + u"/900.ics"_s, Read(store.Folders().tasks +
+                                                             u"/%1.ics"_s.arg(task->get_Oid()))));
+    QCOMPARE(reopened.CreateItem(COutlookTable::olTaskItem)->get_Oid(), 901u);
+
+    QVERIFY(reopened.GetItemFromOid(task->get_Oid()));
+    QVERIFY(!reopened.GetItemFromOid(last));
+    QCOMPARE(reopened.GetItemFromOid(appointment->get_Oid())->GetItemType(),
+             COutlookTable::olAppointmentItem);
+}
+
+void TestVdirStore::taskProperties_data()
+{
+    QTest::addColumn<bool>("complete");
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<QStringList>("absent");
+    QTest::newRow("done") << true << QStringList{u"STATUS:COMPLETED"_s, u"PERCENT-COMPLETE:100"_s}
+                          << QStringList{u"STATUS:NEEDS-ACTION"_s};
+    QTest::newRow("open") << false << QStringList{u"STATUS:NEEDS-ACTION"_s}
+                          << QStringList{u"STATUS:COMPLETED"_s, u"COMPLETED:"_s,
+                                         u"PERCENT-COMPLETE:"_s};
+}
+
+void TestVdirStore::taskProperties()
+{
+    QFETCH(bool, complete);
+    QFETCH(QStringList, present);
+    QFETCH(QStringList, absent);
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto item = store.CreateItem(COutlookTable::olTaskItem);
+    ITask* task = item->AsTask();
+    QVERIFY(task);
+    task->put_Subject(u"Lab report, part 2"_s);
+    task->put_Body(u"Two pages\nwith graphs"_s);
+    task->put_Categories(u"Botany"_s);
+    task->put_DueDate(Due(2026, 11, 25, 14, 30));
+    task->put_Complete(complete);
+    QVERIFY(task->Save());
+
+    const QStringList lines = Lines(Read(store.Folders().tasks + u"/%1.ics"_s.arg(item->get_Oid())));
+    present << u"BEGIN:VTODO"_s << u"SUMMARY:Lab report\\, part 2"_s
+            << u"DESCRIPTION:Two pages\\nwith graphs"_s << u"CATEGORIES:Botany"_s
+            // Floating: no zone, no Z.
+            << u"DUE:20261125T143000"_s;
+    for (const QString& line : present)
+        QVERIFY2(lines.contains(line), qPrintable(line + u" in "_s + lines.join(u'|')));
+    for (const QString& start : absent)
+        QVERIFY2(!std::any_of(lines.begin(), lines.end(),
+                              [&](const QString& line) { return line.startsWith(start); }),
+                 qPrintable(start));
+    QCOMPARE(lines.filter(u"COMPLETED:2"_s).size(), complete ? 1 : 0);
+    QCOMPARE(lines.filter(QRegularExpression(u"^UID:.+"_s)).size(), 1);
+}
+
+void TestVdirStore::allDayAppointment()
+{
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto item = store.CreateItem(COutlookTable::olAppointmentItem);
+    IAppointment* appointment = item->AsAppointment();
+    QVERIFY(appointment);
+    // The last day of a year: the exclusive end is in the next one.
+    const double day = BrindleDate::WholeDays(Due(2026, 12, 31, 14, 30));
+    appointment->put_Start(day);
+    appointment->put_End(day);
+    appointment->put_AllDayEvent(true);
+    QVERIFY(appointment->Save());
+    const QStringList lines =
+        Lines(Read(store.Folders().calendar + u"/%1.ics"_s.arg(item->get_Oid())));
+    QVERIFY(lines.contains(u"DTSTART;VALUE=DATE:20261231"_s));
+    QVERIFY(lines.contains(u"DTEND;VALUE=DATE:20270101"_s));
+}
+
+void TestVdirStore::updateKeepsWhatAClientAdded()
+{
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto created = store.CreateItem(COutlookTable::olAppointmentItem);
+    created->AsAppointment()->put_Subject(u"Quiz"_s);
+    QVERIFY(created->Save());
+    const QString path = store.Folders().calendar + u"/%1.ics"_s.arg(created->get_Oid());
+    const QString uid = Lines(Read(path)).filter(u"UID:"_s).value(0);
+
+    // A client adds a location and a reminder.
+    QByteArray edited = Read(path);
+    edited.replace("END:VEVENT", "LOCATION:Room 5\r\nBEGIN:VALARM\r\nACTION:DISPLAY\r\n"
+                                 "DESCRIPTION:Quiz\r\nTRIGGER:-PT1H\r\nEND:VALARM\r\nEND:VEVENT");
+    QVERIFY(Write(path, edited));
+
+    auto fetched = store.GetItemFromOid(created->get_Oid());
+    QVERIFY(fetched && fetched->AsAppointment());
+    fetched->AsAppointment()->put_Subject(u"Quiz 2"_s);
+    QVERIFY(fetched->Save());
+    const QStringList lines = Lines(Read(path));
+    for (const QString& kept :
+         {u"LOCATION:Room 5"_s, u"BEGIN:VALARM"_s, u"TRIGGER:-PT1H"_s, u"SUMMARY:Quiz 2"_s, uid})
+        QVERIFY2(lines.contains(kept), qPrintable(kept));
+    QVERIFY(!lines.contains(u"SUMMARY:Quiz"_s));
+}
+
+void TestVdirStore::taskCompletedElsewhereStaysDone()
+{
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto created = store.CreateItem(COutlookTable::olTaskItem);
+    created->AsTask()->put_Complete(false);
+    QVERIFY(created->Save());
+    const QString path = store.Folders().tasks + u"/%1.ics"_s.arg(created->get_Oid());
+
+    // Ticked off in a task list.
+    QByteArray done = Read(path);
+    done.replace("STATUS:NEEDS-ACTION", "STATUS:COMPLETED\r\nCOMPLETED:20261120T100000Z");
+    QVERIFY(Write(path, done));
+    auto again = store.GetItemFromOid(created->get_Oid());
+    again->AsTask()->put_Subject(u"Renamed"_s);
+    again->AsTask()->put_Complete(false);
+    QVERIFY(again->Save());
+    QVERIFY(Lines(Read(path)).contains(u"STATUS:COMPLETED"_s));
+
+    // Brindle's own progress moving across 100 % does reach the task.
+    for (bool complete : {true, false}) {
+        auto item = store.GetItemFromOid(created->get_Oid());
+        item->AsTask()->put_Complete(complete);
+        QVERIFY(item->Save());
+        QCOMPARE(Lines(Read(path)).contains(u"STATUS:COMPLETED"_s), complete);
+    }
+}
+
+void TestVdirStore::sharedTaskAndCalendarFolder()
+{
+    // One collection for both, as many CalDAV calendars are.
+    QTemporaryDir dir;
+    PimFolders folders = FoldersIn(dir);
+    folders.calendar = folders.tasks;
+    CVdirStore store(folders);
+    QVERIFY(store.Logon());
+    auto task = store.CreateItem(COutlookTable::olTaskItem);
+    auto appointment = store.CreateItem(COutlookTable::olAppointmentItem);
+    QVERIFY(task->Save() && appointment->Save());
+    QVERIFY(task->get_Oid() != appointment->get_Oid());
+    QCOMPARE(store.GetItemFromOid(task->get_Oid())->GetItemType(), COutlookTable::olTaskItem);
+    QCOMPARE(store.GetItemFromOid(appointment->get_Oid())->GetItemType(),
+             COutlookTable::olAppointmentItem);
+}
+
+void TestVdirStore::saveFailsWhenTheFolderIsGone()
+{
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto item = store.CreateItem(COutlookTable::olContactItem);
+    QVERIFY(QDir(store.Folders().contacts).removeRecursively());
+    QVERIFY(Write(store.Folders().contacts, "not a folder"));
+    QVERIFY(!item->Save());
+    QVERIFY(!store.CreateItem(COutlookTable::olContactItem));
+}
+
+void TestVdirStore::vcardEscapesAndFolds()
+{
+    CVCard card = CVCard::New();
+    const QString note = u"Office Hours:\r\nÜber; Montag, \\ spät\r\n"_s + QString(60, u'é');
+    card.Set(u"NOTE"_s, {}, CVCard::Escape(note));
+    const QByteArray bytes = card.ToBytes();
+    for (const QByteArray& line : bytes.split('\n')) {
+        QVERIFY(line.size() <= 76); // 75 octets and the CR
+        QVERIFY(QString::fromUtf8(line).toUtf8() == line); // no character cut in two
+    }
+    QVERIFY(bytes.startsWith("BEGIN:VCARD\r\nVERSION:3.0\r\n"));
+    QVERIFY(Lines(bytes).filter(u"NOTE:"_s).value(0).startsWith(
+        u"NOTE:Office Hours:\\nÜber\\; Montag\\, \\\\ spät\\n"_s));
+    CVCard back;
+    QVERIFY(CVCard::Parse(bytes, &back));
+    QCOMPARE(back.Value(u"NOTE"_s), QString(note).replace(u"\r\n"_s, u"\n"_s));
+}
+
+void TestVdirStore::contactUpdateKeepsOtherLines()
+{
+    QTemporaryDir dir;
+    CVdirStore store(FoldersIn(dir));
+    QVERIFY(store.Logon());
+    auto created = store.CreateItem(COutlookTable::olContactItem);
+    created->AsContact()->put_HomeTelephoneNumber(u"555-1234"_s);
+    QVERIFY(created->Save());
+    const QString path = store.Folders().contacts + u"/%1.vcf"_s.arg(created->get_Oid());
+    QByteArray edited = Read(path);
+    edited.replace("END:VCARD", "TEL;TYPE=CELL:555-9999\r\nitem1.X-ABLABEL:Desk\r\nEND:VCARD");
+    QVERIFY(Write(path, edited));
+
+    auto fetched = store.GetItemFromOid(created->get_Oid());
+    IContact* contact = fetched->AsContact();
+    contact->put_FileAs(u"Dr. Vale"_s);
+    contact->put_LastName(u"Dr. Vale"_s);
+    contact->put_HomeTelephoneNumber(u"555-0000"_s);
+    contact->put_OfficeLocation(u"101 Science Hall"_s);
+    contact->put_Email1Address(QString());
+    QVERIFY(fetched->Save());
+    const QStringList lines = Lines(Read(path));
+    for (const QString& line :
+         {u"TEL;TYPE=CELL:555-9999"_s, u"item1.X-ABLABEL:Desk"_s, u"TEL;TYPE=HOME:555-0000"_s,
+          u"FN:Dr. Vale"_s, u"N:Dr. Vale;;;;"_s, u"ADR;TYPE=WORK:;101 Science Hall;;;;;"_s})
+        QVERIFY2(lines.contains(line), qPrintable(line + u" in "_s + lines.join(u'|')));
+    QCOMPARE(lines.filter(u"TEL;TYPE=HOME"_s).size(), 1);
+    QCOMPARE(lines.filter(u"EMAIL"_s).size(), 0);
+    QCOMPARE(lines.filter(u"UID:"_s), Lines(edited).filter(u"UID:"_s));
+}
+
+void TestVdirStore::notesText_data()
+{
+    QTest::addColumn<std::vector<ContactExport::OfficeHour>>("hours");
+    QTest::addColumn<QString>("notes");
+    const double ten = BrindleDate::FromTime(QTime(10, 0));
+    const double eleven = BrindleDate::FromTime(QTime(11, 30));
+    QTest::newRow("none") << std::vector<ContactExport::OfficeHour>{} << QString();
+    QTest::newRow("two") << std::vector<ContactExport::OfficeHour>{{10, ten, eleven},
+                                                                   {127, eleven, eleven}}
+                         << u"Office Hours:\r\n10:00 - 11:30 on MW\r\n"
+                            u"11:30 - 11:30 on SuMTuWThFSa\r\n"_s;
+    QTest::newRow("no days") << std::vector<ContactExport::OfficeHour>{{0, ten, eleven}}
+                             << u"Office Hours:\r\n10:00 - 11:30 on \r\n"_s;
+}
+
+void TestVdirStore::notesText()
+{
+    QFETCH(std::vector<ContactExport::OfficeHour>, hours);
+    QFETCH(QString, notes);
+    QLocale::setDefault(QLocale::c());
+    QCOMPARE(ContactExport::NotesText(hours), notes);
+}
+
+QTEST_GUILESS_MAIN(TestVdirStore)
+#include "tst_vdirstore.moc"
