@@ -25,7 +25,7 @@ QString Root()
 void StoreKey(QSettings& settings, const QString& key, const QString& folder,
               const QString& defaultFolder)
 {
-    const QString clean = folder.trimmed().isEmpty() ? QString() : QDir::cleanPath(folder.trimmed());
+    const QString clean = PimFolders::Normalize(folder);
     if (clean.isEmpty() || clean == defaultFolder)
         settings.remove(key);
     else
@@ -46,8 +46,8 @@ PimFolders PimFolders::Load()
     const PimFolders defaults = Defaults();
     const QSettings settings(GetSettingsPath(), QSettings::IniFormat);
     auto folder = [&](const QString& key, const QString& defaultFolder) {
-        const QString value = settings.value(key).toString().trimmed();
-        return value.isEmpty() ? defaultFolder : QDir::cleanPath(QDir::fromNativeSeparators(value));
+        const QString value = Normalize(settings.value(key).toString());
+        return value.isEmpty() ? defaultFolder : value;
     };
     return {folder(TasksKey, defaults.tasks), folder(CalendarKey, defaults.calendar),
             folder(ContactsKey, defaults.contacts)};
@@ -62,6 +62,16 @@ int PimFolders::Store(const PimFolders& folders)
     StoreKey(settings, ContactsKey, folders.contacts, defaults.contacts);
     settings.sync();
     return settings.status() == QSettings::NoError;
+}
+
+QString PimFolders::Normalize(const QString& folder)
+{
+    QString path = QDir::fromNativeSeparators(folder.trimmed());
+    if (path.isEmpty())
+        return path;
+    if (path == QStringLiteral("~") || path.startsWith(QStringLiteral("~/")))
+        path.replace(0, 1, QDir::homePath());
+    return QDir::cleanPath(QDir(path).absolutePath());
 }
 
 int PimFolders::IsUsable(const QString& folder)

@@ -20,6 +20,10 @@ struct PimFolders
     // removes its key. Nonzero when the file was written.
     static int Store(const PimFolders& folders);
 
+    // A folder as typed or stored, made absolute and clean; "~/" is the home
+    // folder, as in the clients' own configurations. Empty stays empty.
+    static QString Normalize(const QString& folder);
+
     // Nonzero when the folder exists or can be made, and a file can be
     // written into it.
     static int IsUsable(const QString& folder);

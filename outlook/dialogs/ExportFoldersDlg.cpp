@@ -82,8 +82,8 @@ void ExportFoldersDlg::OnInitDialog()
 PimFolders ExportFoldersDlg::Folders() const
 {
     auto folder = [](const QLineEdit* edit, const QString& defaultFolder) {
-        const QString text = edit->text().trimmed();
-        return text.isEmpty() ? defaultFolder : QDir::cleanPath(QDir::fromNativeSeparators(text));
+        const QString folder = PimFolders::Normalize(edit->text());
+        return folder.isEmpty() ? defaultFolder : folder;
     };
     return {folder(m_edits[0], m_defaults.tasks), folder(m_edits[1], m_defaults.calendar),
             folder(m_edits[2], m_defaults.contacts)};

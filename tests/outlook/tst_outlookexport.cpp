@@ -301,6 +301,24 @@ void TestOutlookExport::exportFoldersDialog()
     QCOMPARE(ExportFixture::Items(tasks).size(), 1);
     ExportFoldersDlg again;
     QCOMPARE(again.TasksEdit()->text(), QDir::toNativeSeparators(tasks));
+
+    // By keyboard: Return in a field is OK, Escape is Cancel.
+    again.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&again));
+    again.TasksEdit()->setFocus();
+    QTest::keyClick(again.TasksEdit(), Qt::Key_Tab);
+    QVERIFY(!again.TasksEdit()->hasFocus());
+    again.CalendarEdit()->setText(tasks);
+    QTest::keyClick(again.CalendarEdit(), Qt::Key_Return);
+    QCOMPARE(again.result(), int(QDialog::Accepted));
+    QCOMPARE(PimFolders::Load().calendar, tasks);
+    ExportFoldersDlg cancelled;
+    cancelled.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&cancelled));
+    cancelled.ContactsEdit()->setText(tasks);
+    QTest::keyClick(cancelled.ContactsEdit(), Qt::Key_Escape);
+    QCOMPARE(cancelled.result(), int(QDialog::Rejected));
+    QCOMPARE(PimFolders::Load().contacts, PimFolders::Defaults().contacts);
 }
 
 QTEST_MAIN(TestOutlookExport)

@@ -67,6 +67,8 @@ private slots:
     void contactUpdateKeepsOtherLines();
     void notesText_data();
     void notesText();
+    void folderNames_data();
+    void folderNames();
 };
 
 void TestVdirStore::logonMakesFoldersAndKeepsDisplayNames()
@@ -350,6 +352,24 @@ void TestVdirStore::notesText()
     QFETCH(QString, notes);
     QLocale::setDefault(QLocale::c());
     QCOMPARE(ContactExport::NotesText(hours), notes);
+}
+
+void TestVdirStore::folderNames_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("home") << u"~/.local/share/calendars/uni"_s
+                          << QDir::homePath() + u"/.local/share/calendars/uni"_s;
+    QTest::newRow("untidy") << u"  /srv/dav/../pim//tasks/ "_s << u"/srv/pim/tasks"_s;
+    QTest::newRow("relative") << u"pim"_s << QDir::currentPath() + u"/pim"_s;
+    QTest::newRow("empty") << u"  "_s << QString();
+}
+
+void TestVdirStore::folderNames()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, folder);
+    QCOMPARE(PimFolders::Normalize(typed), folder);
 }
 
 QTEST_GUILESS_MAIN(TestVdirStore)
