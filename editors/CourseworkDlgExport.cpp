@@ -81,7 +81,8 @@ QStringList CourseworkDlgExport::Export(quint32 courseworkId)
     if (m_exportTasks) {
         const ExportResult result =
             CourseworkItemExport::ExportTask(m_app.get(), courseworkId, &m_taskId);
-        if (const QString text = ExportFailureText(result, COutlookTable::olTaskItem); !text.isEmpty())
+        if (const QString text = ExportFailureText(result, COutlookTable::olTaskItem);
+            !text.isEmpty())
             failures << text;
     } else if (m_taskId != 0) {
         OutlookLinks::DeleteLink(m_taskId);

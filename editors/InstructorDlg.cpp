@@ -38,8 +38,8 @@ void ForEachRow(quint16 sortOrder, quint32 id, Visit visit)
 
 InstructorDlg::InstructorDlg(quint32 courseId, QWidget* parent)
     : QDialog(parent), m_courseId(courseId), m_menuBar(new QMenuBar(this)),
-      m_export(new InstructorDlgExport(this)),
-      m_pages(new QTabWidget(this)), m_basicPage(new CInstructorBasicPage(m_pages)),
+      m_export(new InstructorDlgExport(this)), m_pages(new QTabWidget(this)),
+      m_basicPage(new CInstructorBasicPage(m_pages)),
       m_hoursPage(new CTimeListPage(QStringLiteral(":/images/times.svg"), m_pages)),
       m_roomPage(new CRoomPage(false, QStringLiteral(":/images/room.svg"), m_pages)),
       m_buttons(new QDialogButtonBox(

@@ -58,7 +58,7 @@ QString InstructorDlgExport::Export(quint32 instructorId, InstructorEntry& entry
         entry.contactId = 0;
         return QString();
     }
-    ContactExport::Instructor instructor{entry.name,       entry.phone, entry.email,
+    ContactExport::Instructor instructor{entry.name,       entry.phone,        entry.email,
                                          entry.roomNumber, entry.buildingName, {}};
     for (const ClassTimeEntry& hours : entry.officeHours)
         instructor.officeHours.push_back({hours.days, hours.start, hours.end});

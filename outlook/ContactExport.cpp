@@ -46,17 +46,17 @@ QString NotesText(const std::vector<OfficeHour>& officeHours)
 ExportResult ExportContact(IPOutlookApp* app, quint32 instructorId, const Instructor& instructor,
                            quint32* contactId)
 {
-    return ExportItem(app, instructorId, COutlookTable::olContactItem, contactId,
-                      [&](IPOutlookItem& item) {
-                          IContact* contact = item.AsContact();
-                          contact->put_FileAs(instructor.name);
-                          contact->put_LastName(instructor.name);
-                          contact->put_OfficeLocation(ExportStrings::OfficeLocation(
-                              instructor.roomNumber, instructor.buildingName));
-                          contact->put_Email1Address(instructor.email);
-                          contact->put_HomeTelephoneNumber(instructor.phone);
-                          contact->put_Body(NotesText(instructor.officeHours));
-                      });
+    return ExportItem(
+        app, instructorId, COutlookTable::olContactItem, contactId, [&](IPOutlookItem& item) {
+            IContact* contact = item.AsContact();
+            contact->put_FileAs(instructor.name);
+            contact->put_LastName(instructor.name);
+            contact->put_OfficeLocation(
+                ExportStrings::OfficeLocation(instructor.roomNumber, instructor.buildingName));
+            contact->put_Email1Address(instructor.email);
+            contact->put_HomeTelephoneNumber(instructor.phone);
+            contact->put_Body(NotesText(instructor.officeHours));
+        });
 }
 
 } // namespace ContactExport

@@ -39,14 +39,15 @@ ExportResult ExportTask(IPOutlookApp* app, quint32 courseworkId, quint32* taskId
     CourseworkFields fields;
     if (!ReadCoursework(courseworkId, &fields))
         return *taskId ? ExportResult::UpdateFailed : ExportResult::CreateFailed;
-    return ExportItem(app, courseworkId, COutlookTable::olTaskItem, taskId, [&](IPOutlookItem& item) {
-        ITask* task = item.AsTask();
-        task->put_Subject(fields.name);
-        task->put_Body(fields.details);
-        task->put_Categories(fields.courseName);
-        task->put_DueDate(fields.dueDate);
-        task->put_Complete(fields.completed >= 100);
-    });
+    return ExportItem(app, courseworkId, COutlookTable::olTaskItem, taskId,
+                      [&](IPOutlookItem& item) {
+                          ITask* task = item.AsTask();
+                          task->put_Subject(fields.name);
+                          task->put_Body(fields.details);
+                          task->put_Categories(fields.courseName);
+                          task->put_DueDate(fields.dueDate);
+                          task->put_Complete(fields.completed >= 100);
+                      });
 }
 
 ExportResult ExportAppointment(IPOutlookApp* app, quint32 courseworkId, quint32* appointmentId)

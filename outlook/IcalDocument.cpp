@@ -72,8 +72,8 @@ void CIcalDocument::SetTime(icalproperty_kind kind, icaltimetype time)
 {
     Remove(kind);
     icalproperty* property = icalproperty_new(kind);
-    icalproperty_set_value(property, time.is_date ? icalvalue_new_date(time)
-                                                  : icalvalue_new_datetime(time));
+    icalproperty_set_value(property,
+                           time.is_date ? icalvalue_new_date(time) : icalvalue_new_datetime(time));
     icalcomponent_add_property(m_item, property);
 }
 

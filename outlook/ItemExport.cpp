@@ -3,7 +3,8 @@
 #include "OutlookLinks.h"
 
 ExportResult ExportItem(IPOutlookApp* app, quint32 brindleItemId, COutlookTable::OlItemType type,
-                        quint32* itemId, const std::function<void(IPOutlookItem& item)>& setProperties)
+                        quint32* itemId,
+                        const std::function<void(IPOutlookItem& item)>& setProperties)
 {
     if (!app)
         return ExportResult::NoStore;

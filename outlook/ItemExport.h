@@ -19,7 +19,8 @@ enum class ExportResult {
 // create an item and link it to the record. The properties are set by
 // `setProperties`, then the item is saved. *itemId follows the link.
 ExportResult ExportItem(IPOutlookApp* app, quint32 brindleItemId, COutlookTable::OlItemType type,
-                        quint32* itemId, const std::function<void(IPOutlookItem& item)>& setProperties);
+                        quint32* itemId,
+                        const std::function<void(IPOutlookItem& item)>& setProperties);
 
 // True when the store holds the item, as an item of the kind.
 bool IsItemInStore(IPOutlookApp* app, quint32 itemId, COutlookTable::OlItemType type);

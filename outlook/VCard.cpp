@@ -161,7 +161,7 @@ QString CVCard::Unescape(const QString& text)
         if (text[i] == QLatin1Char('\\') && i + 1 < text.size()) {
             const QChar next = text[++i];
             out += (next == QLatin1Char('n') || next == QLatin1Char('N')) ? QChar(QLatin1Char('\n'))
-                                                                           : next;
+                                                                          : next;
         } else {
             out += text[i];
         }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IcalDocument.h"
 #include "PimItem.h"
+#include "VdirIcalFile.h"
 
 // An appointment of the vdir store: a VEVENT in <id>.ics. An all-day event
 // is written as DATE values, its end the day after its last day, since an
@@ -19,14 +19,12 @@ public:
     void put_Body(const QString& text) override;
     void put_AllDayEvent(bool allDay) override;
     int Save() override;
-    quint32 get_Oid() const override { return m_id; }
+    quint32 get_Oid() const override { return m_file.id; }
 
 private:
-    CVdirAppointment(QString path, quint32 id, std::unique_ptr<CIcalDocument> document);
+    explicit CVdirAppointment(VdirIcalFile file);
 
-    QString m_path;
-    quint32 m_id;
-    std::unique_ptr<CIcalDocument> m_document;
+    VdirIcalFile m_file;
     // Start and end are written on Save, once it is known whether they are days.
     double m_start = 0.0;
     double m_end = 0.0;

@@ -19,8 +19,7 @@ CVdirContact::CVdirContact(QString path, quint32 id, CVCard card)
 
 std::unique_ptr<CVdirContact> CVdirContact::Create(const QString& folder, quint32 id)
 {
-    return std::unique_ptr<CVdirContact>(
-        new CVdirContact(PathOf(folder, id), id, CVCard::New()));
+    return std::unique_ptr<CVdirContact>(new CVdirContact(PathOf(folder, id), id, CVCard::New()));
 }
 
 std::unique_ptr<CVdirContact> CVdirContact::Load(const QString& folder, quint32 id)
@@ -51,13 +50,15 @@ void CVdirContact::put_OfficeLocation(const QString& text)
     // is the extended address.
     const QString office = text.trimmed();
     m_card.Set(QStringLiteral("ADR"), {QStringLiteral("WORK")},
-               office.isEmpty() ? QString() : QLatin1Char(';') + CVCard::Escape(office) +
-                                                  QStringLiteral(";;;;;"));
+               office.isEmpty()
+                   ? QString()
+                   : QLatin1Char(';') + CVCard::Escape(office) + QStringLiteral(";;;;;"));
 }
 
 void CVdirContact::put_Email1Address(const QString& text)
 {
-    m_card.Set(QStringLiteral("EMAIL"), {QStringLiteral("INTERNET")}, CVCard::Escape(text.trimmed()));
+    m_card.Set(QStringLiteral("EMAIL"), {QStringLiteral("INTERNET")},
+               CVCard::Escape(text.trimmed()));
 }
 
 void CVdirContact::put_HomeTelephoneNumber(const QString& text)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IcalDocument.h"
 #include "PimItem.h"
+#include "VdirIcalFile.h"
 
 // A task of the vdir store: a VTODO in <id>.ics.
 class CVdirTask : public ITask
@@ -16,12 +16,10 @@ public:
     void put_DueDate(double date) override;
     void put_Complete(bool complete) override;
     int Save() override;
-    quint32 get_Oid() const override { return m_id; }
+    quint32 get_Oid() const override { return m_file.id; }
 
 private:
-    CVdirTask(QString path, quint32 id, std::unique_ptr<CIcalDocument> document);
+    explicit CVdirTask(VdirIcalFile file);
 
-    QString m_path;
-    quint32 m_id;
-    std::unique_ptr<CIcalDocument> m_document;
+    VdirIcalFile m_file;
 };

@@ -38,8 +38,8 @@ ExportFoldersDlg::ExportFoldersDlg(QWidget* parent)
         auto* label = new QLabel(labels[row], this);
         label->setBuddy(edit);
         auto* browse = new QPushButton(ExportStrings::Browse(), this);
-        browse->setObjectName(QString::fromLatin1(names[row]).replace(
-            QStringLiteral("Edit"), QStringLiteral("Browse")));
+        browse->setObjectName(QString::fromLatin1(names[row])
+                                  .replace(QStringLiteral("Edit"), QStringLiteral("Browse")));
         browse->setAutoDefault(false);
         connect(browse, &QPushButton::clicked, this, [this, edit] { Browse(edit); });
         grid->addWidget(label, row, 0);
@@ -95,8 +95,8 @@ bool ExportFoldersDlg::OnOK()
     const QString chosen[] = {folders.tasks, folders.calendar, folders.contacts};
     for (int row = 0; row < 3; ++row) {
         if (!PimFolders::IsUsable(chosen[row])) {
-            BrindleMessageBox::Warn(this, ExportStrings::FolderUnusable(
-                                              QDir::toNativeSeparators(chosen[row])));
+            BrindleMessageBox::Warn(
+                this, ExportStrings::FolderUnusable(QDir::toNativeSeparators(chosen[row])));
             m_edits[row]->setFocus();
             m_edits[row]->selectAll();
             return false;
@@ -122,7 +122,8 @@ void ExportFoldersDlg::Browse(QLineEdit* edit)
     chooser.setObjectName(QStringLiteral("folderChooser"));
     chooser.setFileMode(QFileDialog::Directory);
     chooser.setOption(QFileDialog::ShowDirsOnly);
-    const QString current = edit->text().trimmed().isEmpty() ? edit->placeholderText() : edit->text();
+    const QString current =
+        edit->text().trimmed().isEmpty() ? edit->placeholderText() : edit->text();
     chooser.setDirectory(current);
     if (DialogRunner::Run(chooser) != QDialog::Accepted || chooser.selectedFiles().isEmpty())
         return;

@@ -93,9 +93,8 @@ void TestExportClients::cleanup()
 QJsonArray TestExportClients::Todos()
 {
     QString error;
-    const QString out = m_clients->Run(u"todoman"_s, {u"--porcelain"_s, u"list"_s, u"--status"_s,
-                                                      u"ANY"_s},
-                                       {}, &error);
+    const QString out = m_clients->Run(
+        u"todoman"_s, {u"--porcelain"_s, u"list"_s, u"--status"_s, u"ANY"_s}, {}, &error);
     if (!error.isEmpty())
         qWarning("%s", qPrintable(error));
     return QJsonDocument::fromJson(out.toUtf8()).array();
@@ -184,8 +183,8 @@ void TestExportClients::contactInKhard()
         instructor.SetBuildingID(Building(u"Science Hall"_s));
         QVERIFY(instructor.UpdateRecord());
     }
-    Time(vale, CTimeTable::Monday | CTimeTable::Wednesday,
-         BrindleDate::FromTime(QTime(10, 0)), BrindleDate::FromTime(QTime(11, 30)));
+    Time(vale, CTimeTable::Monday | CTimeTable::Wednesday, BrindleDate::FromTime(QTime(10, 0)),
+         BrindleDate::FromTime(QTime(11, 30)));
     {
         InstructorDlg dialog(course);
         dialog.findChild<QAction*>(u"actionExportContacts"_s)->trigger();
@@ -197,9 +196,9 @@ void TestExportClients::contactInKhard()
     QVERIFY2(list.contains(u"Dr. Ada Vale"_s), qPrintable(list));
     const QString shown = m_clients->Run(u"khard"_s, {u"show"_s, u"Vale"_s}, {}, &error);
     QVERIFY2(error.isEmpty(), qPrintable(error));
-    for (const QString& text : {u"HOME: 555-1234"_s, u"INTERNET: vale@example.edu"_s,
-                                u"WORK: 101 Science Hall"_s, u"Office Hours:"_s,
-                                u"10:00 - 11:30 on MW"_s})
+    for (const QString& text :
+         {u"HOME: 555-1234"_s, u"INTERNET: vale@example.edu"_s, u"WORK: 101 Science Hall"_s,
+          u"Office Hours:"_s, u"10:00 - 11:30 on MW"_s})
         QVERIFY2(shown.contains(text), qPrintable(text + u" in:\n"_s + shown));
 
     // Office hours change: the notes follow, still one contact.

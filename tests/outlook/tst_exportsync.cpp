@@ -57,8 +57,8 @@ QMap<QString, QString> ContactProperties(const QString& path)
     CVCard card;
     if (!CVCard::Parse(ExportFixture::Read(path), &card))
         return properties;
-    for (const QString& name : {u"UID"_s, u"FN"_s, u"N"_s, u"ADR"_s, u"EMAIL"_s, u"TEL"_s,
-                                u"NOTE"_s})
+    for (const QString& name :
+         {u"UID"_s, u"FN"_s, u"N"_s, u"ADR"_s, u"EMAIL"_s, u"TEL"_s, u"NOTE"_s})
         properties.insert(name, card.Value(name));
     return properties;
 }
@@ -140,9 +140,9 @@ void TestExportSync::roundTripThroughRadicale()
     // Up from Brindle's folders, then down into fresh copies.
     const QString copies = server.filePath(u"copies/"_s);
     QString config = u"[general]\nstatus_path = \"%1\"\n"_s.arg(server.filePath(u"status/"_s));
-    const std::pair<QString, QString> kinds[] = {
-        {u"tasks"_s, folders.tasks}, {u"calendar"_s, folders.calendar},
-        {u"contacts"_s, folders.contacts}};
+    const std::pair<QString, QString> kinds[] = {{u"tasks"_s, folders.tasks},
+                                                 {u"calendar"_s, folders.calendar},
+                                                 {u"contacts"_s, folders.contacts}};
     for (const auto& [kind, folder] : kinds) {
         const bool contacts = kind == u"contacts"_s;
         const QString extension = contacts ? u".vcf"_s : u".ics"_s;
@@ -153,8 +153,8 @@ void TestExportSync::roundTripThroughRadicale()
                   u"[storage %1_copy]\ntype = \"filesystem\"\npath = \"%4/\"\nfileext = \"%3\"\n"
                   u"[storage %1_server]\ntype = \"%5\"\nurl = \"http://127.0.0.1:%6/brindle/%1/\"\n"
                   u"username = \"brindle\"\npassword = \"brindle\"\n"_s.arg(
-                      kind, folder, extension, copies + kind,
-                      contacts ? u"carddav"_s : u"caldav"_s, QString::number(port));
+                      kind, folder, extension, copies + kind, contacts ? u"carddav"_s : u"caldav"_s,
+                      QString::number(port));
     }
     const QString configPath = server.filePath(u"vdirsyncer.conf"_s);
     QVERIFY(WriteFile(configPath, config.toUtf8()));

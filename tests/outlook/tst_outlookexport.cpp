@@ -81,10 +81,9 @@ void TestOutlookExport::init()
     QVERIFY(m_fixture->IsReady());
     m_course = Records::Course(u"Botany"_s);
     const quint32 type = Records::CwType(m_course, u"Homework"_s);
-    m_work = Records::Coursework(m_course, type, u"Lab report"_s, -1.0, -1.0,
-                                 BrindleDate::FromDateTime(QDateTime(QDate(2026, 11, 25),
-                                                                     QTime(14, 30))),
-                                 40);
+    m_work = Records::Coursework(
+        m_course, type, u"Lab report"_s, -1.0, -1.0,
+        BrindleDate::FromDateTime(QDateTime(QDate(2026, 11, 25), QTime(14, 30))), 40);
 }
 
 void TestOutlookExport::cleanup()

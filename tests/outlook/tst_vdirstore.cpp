@@ -84,7 +84,8 @@ void TestVdirStore::logonMakesFoldersAndKeepsDisplayNames()
     QCOMPARE(Read(folders.calendar + u"/displayname"_s), QByteArray("Brindle Calendar"));
     QCOMPARE(Read(folders.contacts + u"/displayname"_s), QByteArray("My Friends"));
     // Nothing but the names: no probe or temporary file stays behind.
-    QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden), QStringList{u"displayname"_s});
+    QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden),
+             QStringList{u"displayname"_s});
 }
 
 void TestVdirStore::logonFailsWhenAFolderCannotBeMade()
@@ -121,8 +122,8 @@ void TestVdirStore::idsAreUniqueAndNeverReused()
     QVERIFY(appointment->get_Oid() > last);
 
     // A file that arrived by syncing counts too.
-    QVERIFY(Write(store.Folders().tasks + u"/900.ics"_s, Read(store.Folders().tasks +
-                                                             u"/%1.ics"_s.arg(task->get_Oid()))));
+    QVERIFY(Write(store.Folders().tasks + u"/900.ics"_s,
+                  Read(store.Folders().tasks + u"/%1.ics"_s.arg(task->get_Oid()))));
     QCOMPARE(reopened.CreateItem(COutlookTable::olTaskItem)->get_Oid(), 901u);
 
     QVERIFY(reopened.GetItemFromOid(task->get_Oid()));
@@ -161,9 +162,11 @@ void TestVdirStore::taskProperties()
     task->put_Complete(complete);
     QVERIFY(task->Save());
 
-    const QStringList lines = Lines(Read(store.Folders().tasks + u"/%1.ics"_s.arg(item->get_Oid())));
+    const QStringList lines =
+        Lines(Read(store.Folders().tasks + u"/%1.ics"_s.arg(item->get_Oid())));
     present << u"BEGIN:VTODO"_s << u"SUMMARY:Lab report\\, part 2"_s
-            << u"DESCRIPTION:Two pages\\nwith graphs"_s << u"CATEGORIES:Botany"_s
+            << u"DESCRIPTION:Two pages\\nwith graphs"_s
+            << u"CATEGORIES:Botany"_s
             // Floating: no zone, no Z.
             << u"DUE:20261125T143000"_s;
     for (const QString& line : present)
@@ -289,12 +292,14 @@ void TestVdirStore::vcardEscapesAndFolds()
     card.Set(u"NOTE"_s, {}, CVCard::Escape(note));
     const QByteArray bytes = card.ToBytes();
     for (const QByteArray& line : bytes.split('\n')) {
-        QVERIFY(line.size() <= 76); // 75 octets and the CR
+        QVERIFY(line.size() <= 76);                        // 75 octets and the CR
         QVERIFY(QString::fromUtf8(line).toUtf8() == line); // no character cut in two
     }
     QVERIFY(bytes.startsWith("BEGIN:VCARD\r\nVERSION:3.0\r\n"));
-    QVERIFY(Lines(bytes).filter(u"NOTE:"_s).value(0).startsWith(
-        u"NOTE:Office Hours:\\nÜber\\; Montag\\, \\\\ spät\\n"_s));
+    QVERIFY(Lines(bytes)
+                .filter(u"NOTE:"_s)
+                .value(0)
+                .startsWith(u"NOTE:Office Hours:\\nÜber\\; Montag\\, \\\\ spät\\n"_s));
     CVCard back;
     QVERIFY(CVCard::Parse(bytes, &back));
     QCOMPARE(back.Value(u"NOTE"_s), QString(note).replace(u"\r\n"_s, u"\n"_s));
