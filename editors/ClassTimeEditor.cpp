@@ -1,6 +1,7 @@
 #include "ClassTimeEditor.h"
 
 #include "DateEncoding.h"
+#include "TimeFormat.h"
 #include "res/strings/EditorStrings.h"
 
 #include <QGridLayout>

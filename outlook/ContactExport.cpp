@@ -3,6 +3,7 @@
 #include "res/strings/EditorStrings.h"
 #include "res/strings/ExportStrings.h"
 #include "store/DateEncoding.h"
+#include "store/TimeFormat.h"
 
 #include <QLocale>
 

@@ -1,8 +1,5 @@
 #include "DateEncoding.h"
 
-#include <QLocale>
-#include <QRegularExpression>
-
 #include <cmath>
 
 namespace {
@@ -36,13 +33,6 @@ double FromTime(QTime time)
 double FromDateTime(const QDateTime& dateTime)
 {
     return FromDate(dateTime.date()) + FromTime(dateTime.time());
-}
-
-QString ShortTimeFormat()
-{
-    QString format = QLocale().timeFormat(QLocale::ShortFormat);
-    format.remove(QRegularExpression(QStringLiteral("[:.]?s+")));
-    return format;
 }
 
 double WholeDays(double value)

@@ -2,7 +2,6 @@
 
 #include <QDate>
 #include <QDateTime>
-#include <QString>
 #include <QTime>
 
 // Every date Brindle stores is a double: whole days since 30 December 1899
@@ -21,10 +20,6 @@ double FromTime(QTime time);
 QDate ToDate(double value);
 QDateTime ToDateTime(double value);
 QTime ToTime(double value);
-
-// The locale's short time format in hours and minutes (time slots are whole
-// minutes, so the seconds some locales show are left out).
-QString ShortTimeFormat();
 
 // The whole-day part of a date value (the time of day dropped).
 double WholeDays(double value);

@@ -51,6 +51,7 @@ ExportFoldersDlg::ExportFoldersDlg(QWidget* parent)
 
     auto* buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this);
+    buttons->setObjectName(QStringLiteral("buttons"));
     connect(buttons, &QDialogButtonBox::accepted, this, &ExportFoldersDlg::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ExportFoldersDlg::reject);
 

@@ -3,6 +3,7 @@
 // "Export Folders" dialog.
 #include "ExportFixture.h"
 #include "app/MainView.h"
+#include "controls/HelpViewer.h"
 #include "editors/CourseworkDlg.h"
 #include "editors/CourseworkDlgExport.h"
 #include "editors/CourseworkDlgInfoPage.h"
@@ -15,6 +16,8 @@
 #include "support/Records.h"
 
 #include <QAction>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSettings>
@@ -68,6 +71,7 @@ private slots:
     void contactLinkIsCheckedAgainstTheStore();
     void deleteLinkRemovesOnlyTheFirst();
     void exportFoldersDialog();
+    void exportFoldersHelp();
 
 private:
     std::unique_ptr<ExportFixture> m_fixture;
@@ -318,6 +322,21 @@ void TestOutlookExport::exportFoldersDialog()
     QTest::keyClick(cancelled.ContactsEdit(), Qt::Key_Escape);
     QCOMPARE(cancelled.result(), int(QDialog::Rejected));
     QCOMPARE(PimFolders::Load().contacts, PimFolders::Defaults().contacts);
+}
+
+void TestOutlookExport::exportFoldersHelp()
+{
+    ExportFoldersDlg dialog;
+    auto* buttons = dialog.findChild<QDialogButtonBox*>(u"buttons"_s);
+    QVERIFY(buttons && buttons->button(QDialogButtonBox::Help));
+    buttons->button(QDialogButtonBox::Help)->click();
+    auto* viewer = dialog.findChild<CHelpViewer*>();
+    QVERIFY(viewer);
+    QCOMPARE(viewer->CurrentTopic(), u"ExportFoldersDlg"_s);
+    viewer->close();
+    QFile help(GetInstallationPath() + u"/Brindle.htm"_s);
+    QVERIFY(help.open(QIODevice::ReadOnly));
+    QVERIFY(QString::fromUtf8(help.readAll()).contains(u"<a name=\"ExportFoldersDlg\"></a>"_s));
 }
 
 QTEST_MAIN(TestOutlookExport)
