@@ -4,6 +4,8 @@
 // library initialised, as Brindle has them at run time.
 #include "outlook/PimFolders.h"
 #include "outlook/PimLibrary.h"
+#include "store/CeMount.h"
+#include "store/DataTable.h"
 #include "store/SettingsFile.h"
 #include "support/TestDatabase.h"
 

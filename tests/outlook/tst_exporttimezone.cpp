@@ -71,9 +71,11 @@ void TestExportTimeZone::dueTimeStaysOnTheWallClock()
     QCOMPARE(dueLinesInFiles(), expected);
 
     if (!PimClients::Find(u"todoman"_s).isEmpty()) {
-        PimClients clients(fixture.Folders());
-        QVERIFY(clients.IsReady());
         for (const QString& zone : {qEnvironmentVariable("TZ"), u"Asia/Kathmandu"_s}) {
+            // A fresh home each time: todoman's cache keeps due times as
+            // instants of the zone it first read them in.
+            PimClients clients(fixture.Folders());
+            QVERIFY(clients.IsReady());
             QString error;
             const QString list =
                 clients.Run(u"todoman"_s, {u"list"_s, u"--status"_s, u"ANY"_s}, {}, &error, zone);
