@@ -18,6 +18,8 @@ QString GetSettingsPath()
     const QString fromEnvironment = qEnvironmentVariable("BRINDLE_SETTINGS");
     if (!fromEnvironment.isEmpty())
         return fromEnvironment;
-    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
-           QStringLiteral("/Brindle.ini");
+    // The same file as the Today switch's (CTodaySwitch::DefaultFile), in a
+    // fixed folder that the companion program finds too.
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Brindle/Brindle.ini");
 }
