@@ -1,43 +1,112 @@
 #include "DatabaseOpener.h"
 
 #include "BrindleData.h"
+#include "PrivateFiles.h"
 #include "controls/MessageBox.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+
+namespace {
+// What SQLite keeps beside a database file; each belongs to that file alone.
+const char* const CompanionSuffixes[] = {"-journal", "-wal", "-shm"};
+} // namespace
+
+CDatabaseOpener::CDatabaseOpener(bool interactive)
+    : m_interactive(interactive)
+{
+}
+
+CDatabaseOpener::~CDatabaseOpener() = default;
+
+bool CDatabaseOpener::Fail(const QString& text)
+{
+    m_error = text;
+    if (m_interactive)
+        BrindleMessageBox::Warn(nullptr, AppStrings::DatabaseSetAside(text));
+    return false;
+}
+
+// Two windows on one file would each keep a state record the other
+// overwrites; the second one says so and stops. The lock is a file beside
+// the database that the system lets go of when the process ends, however.
+bool CDatabaseOpener::LockAgainstSecondWindow(const QString& path)
+{
+    if (!BrindleFiles::MakePrivateFolder(QFileInfo(path).absolutePath()))
+        return true; // the mount reports the folder
+    m_lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
+    // A lock of a process that is gone is taken over; a live one never ages.
+    m_lock->setStaleLockTime(0);
+    if (m_lock->tryLock(0))
+        return true;
+    const bool held = m_lock->error() == QLockFile::LockFailedError;
+    m_lock.reset();
+    // A folder that takes no lock file is for the mount to judge.
+    return !held;
+}
+
+bool CDatabaseOpener::SetAside(const QString& path)
+{
+    const QString target =
+        path + QStringLiteral(".unusable-") +
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    // The journal files go first: one left behind would be taken for the
+    // new database's own and played into it.
+    QStringList moved;
+    QStringList suffixes;
+    for (const char* suffix : CompanionSuffixes)
+        suffixes << QString::fromLatin1(suffix);
+    suffixes << QString();
+    for (const QString& suffix : std::as_const(suffixes)) {
+        if (!QFileInfo::exists(path + suffix))
+            continue;
+        if (!QFile::rename(path + suffix, target + suffix)) {
+            for (const QString& back : std::as_const(moved))
+                QFile::rename(target + back, path + back);
+            return false;
+        }
+        moved << suffix;
+    }
+    m_setAside = target;
+    return true;
+}
 
 bool CDatabaseOpener::Open()
 {
     const QString path = GetDatabasePath();
+    m_error.clear();
+    if (!LockAgainstSecondWindow(path))
+        return Fail(StoreStrings::DatabaseOpenElsewhere(path));
+
     CCeMount* mount = CDataTable::GetMount();
     if (!mount->MountPath(path)) {
+        if (mount->GetProblem() != CCeMount::Problem::Unusable)
+            return Fail(mount->GetLastError());
         m_error = mount->GetLastError();
         if (!m_interactive ||
             BrindleMessageBox::Show(nullptr, AppStrings::DatabaseUnusable(m_error),
                                     QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No) !=
                 QMessageBox::Yes)
             return false;
-
-        m_setAside = path + QStringLiteral(".unusable-") +
-                     QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
-        if (!QFile::rename(path, m_setAside)) {
-            m_error = AppStrings::DatabaseCannotMoveAside(path);
-            m_setAside.clear();
-            BrindleMessageBox::Warn(nullptr, m_error);
-            return false;
-        }
-        if (!mount->MountPath(path)) {
-            m_error = mount->GetLastError();
-            return false;
-        }
+        if (!SetAside(path))
+            return Fail(AppStrings::DatabaseCannotMoveAside(path));
+        if (!mount->MountPath(path))
+            return Fail(mount->GetLastError());
     }
     if (!CreateDatabase()) {
-        m_error = StoreStrings::CannotCreateTables(path);
+        const QString reason = mount->GetFailure();
         mount->Unmount();
-        return false;
+        return Fail(StoreStrings::CannotCreateTables(path, reason));
     }
-    m_error.clear();
-    return CAppStateTable::Instance().OpenState() != 0;
+    if (!CAppStateTable::Instance().OpenState()) {
+        const QString reason = mount->GetFailure();
+        mount->Unmount();
+        return Fail(StoreStrings::CannotReadState(
+            path, reason.isEmpty() ? StoreStrings::StateRecordMissing() : reason));
+    }
+    return true;
 }

@@ -46,8 +46,10 @@ void CMainFrame::WireCourseCommands()
         const QString name = CCourseTable::GetCourseNameFromID(courseId);
         if (!BrindleMessageBox::ConfirmDelete(this, EditorStrings::ConfirmDeleteCourse(name)))
             return;
-        RemoveCourse(courseId);
-        state.UpdateRecord();
+        if (!RemoveCourse(courseId)) {
+            BrindleMessageBox::WarnNotSaved(this);
+            return;
+        }
         RefreshGradeBar();
         RefreshCourseSelector();
         RefreshMenuBar();

@@ -409,8 +409,10 @@ void CMainView::DeleteCoursework(quint32 courseworkId)
         if (!coursework.DeleteRecord(0))
             return;
         RecomputeCourseGrade(courseId);
-        if (!transaction.Commit())
+        if (!transaction.Commit()) {
+            BrindleMessageBox::WarnNotSaved(this);
             return;
+        }
     }
     RefreshList();
     RefreshGradeBar();

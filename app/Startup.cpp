@@ -21,7 +21,7 @@ CStartup::Result CStartup::RunInstallationSteps()
     if (marker.open(QIODevice::ReadOnly)) {
         marker.close();
         result.upgradeMarkerFound = true;
-        CreateDatabase();
+        result.databaseReady = CreateDatabase() != 0;
     }
 
     QFile helper(folder + QStringLiteral("/SetSecurity.exe"));

@@ -12,6 +12,9 @@ public:
     struct Result
     {
         bool upgradeMarkerFound = false;
+        // False when the marker's CreateDatabase failed: the database could
+        // not be brought up to date (CTransaction::LastFailure says why).
+        bool databaseReady = true;
         bool helperStarted = false;
         bool helperDeleted = false;
     };

@@ -7,7 +7,9 @@
 #include "Startup.h"
 #include "outlook/PimLibrary.h"
 #include "res/Resources.h"
+#include "controls/MessageBox.h"
 #include "res/strings/AppStrings.h"
+#include "res/strings/StoreStrings.h"
 #include "res/strings/ViewStrings.h"
 
 #include <QApplication>
@@ -50,7 +52,14 @@ int main(int argc, char* argv[])
         return 1;
     }
 
-    CStartup().RunInstallationSteps();
+    if (!CStartup().RunInstallationSteps().databaseReady) {
+        const QString text = StoreStrings::CannotCreateTables(GetDatabasePath(),
+                                                              CTransaction::LastFailure());
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        if (interactive)
+            BrindleMessageBox::Warn(nullptr, AppStrings::DatabaseSetAside(text));
+        return 1;
+    }
     PimLibrary::Initialize();
     QApplication::setApplicationDisplayName(AppStrings::AppTitle());
 

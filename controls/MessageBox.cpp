@@ -2,6 +2,8 @@
 
 #include "res/strings/AppStrings.h"
 #include "res/strings/ControlStrings.h"
+#include "res/strings/StoreStrings.h"
+#include "store/Transaction.h"
 
 namespace BrindleMessageBox {
 
@@ -31,6 +33,13 @@ void Inform(QWidget* parent, const QString& text)
 void Warn(QWidget* parent, const QString& text)
 {
     Show(parent, text, QMessageBox::Warning, QMessageBox::Ok);
+}
+
+void WarnNotSaved(QWidget* parent)
+{
+    const QString reason = CTransaction::LastFailure();
+    Warn(parent, ControlStrings::ChangeNotSaved(reason.isEmpty() ? StoreStrings::StepFailed()
+                                                                 : reason));
 }
 
 bool ConfirmDelete(QWidget* parent, const QString& text)

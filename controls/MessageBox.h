@@ -17,6 +17,9 @@ QMessageBox::StandardButton Show(QWidget* parent, const QString& text, QMessageB
 void Inform(QWidget* parent, const QString& text);
 // An OK box with the exclamation icon.
 void Warn(QWidget* parent, const QString& text);
+// A change that did not land (its transaction failed): says so with the
+// store's reason, under the exclamation icon. The caller keeps its dialog open.
+void WarnNotSaved(QWidget* parent);
 // "Confirm Delete" with Yes and No and the question icon; true on Yes.
 bool ConfirmDelete(QWidget* parent, const QString& text);
 

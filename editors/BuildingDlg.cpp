@@ -3,6 +3,7 @@
 #include "BuildingTable.h"
 #include "Transaction.h"
 #include "controls/HelpViewer.h"
+#include "controls/MessageBox.h"
 #include "res/strings/EditorStrings.h"
 
 #include <QDialogButtonBox>
@@ -69,7 +70,11 @@ bool BuildingDlg::OnOK()
         buildings.SetBuildingName(entry.name);
         buildings.UpdateRecord();
     }
-    return transaction.Commit() != 0;
+    if (!transaction.Commit()) {
+        BrindleMessageBox::WarnNotSaved(this);
+        return false;
+    }
+    return true;
 }
 
 void BuildingDlg::accept()

@@ -275,8 +275,11 @@ bool CourseDlg::OnOK()
         }
     }
     m_course.SetBuildingID(buildingId);
-    if (!m_course.UpdateRecord())
+    if (!m_course.UpdateRecord()) {
+        transaction.Rollback();
+        BrindleMessageBox::WarnNotSaved(this);
         return false;
+    }
 
     if (m_newCourse) {
         CCourseOrderTable order;
@@ -296,7 +299,13 @@ bool CourseDlg::OnOK()
 
     SaveTimes();
     SaveTextbooks();
-    return transaction.Commit() != 0;
+    // A failed step or commit leaves the file as it was and the dialog open
+    // with everything typed, for another try.
+    if (!transaction.Commit()) {
+        BrindleMessageBox::WarnNotSaved(this);
+        return false;
+    }
+    return true;
 }
 
 void CourseDlg::SaveTimes()

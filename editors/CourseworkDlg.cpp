@@ -288,12 +288,18 @@ bool CourseworkDlg::Save()
 
     m_coursework.SetTextbookID(m_infoPage->TextbookList()->currentData().toUInt());
     m_coursework.SetDetails(m_detailsPage->Text());
-    if (!m_coursework.UpdateRecord())
-        return false;
-    if (scoreChanged || possibleChanged || weightChanged)
+    bool saved = m_coursework.UpdateRecord() != 0;
+    if (saved && (scoreChanged || possibleChanged || weightChanged))
         RecomputeCourseGrade(m_courseId);
-    if (!transaction.Commit())
+    if (!saved)
+        transaction.Rollback();
+    if (!saved || !transaction.Commit()) {
+        // The record is read again, so that the next OK compares with what
+        // the file holds and writes every change once more.
+        m_coursework.Reload();
+        BrindleMessageBox::WarnNotSaved(this);
         return false;
+    }
     m_score = score;
     m_possible = possible;
     return true;

@@ -409,8 +409,10 @@ bool InstructorDlg::OnOK()
     QStringList failures;
     for (InstructorEntry& entry : m_entries)
         SaveEntry(entry, failures);
-    if (!transaction.Commit())
+    if (!transaction.Commit()) {
+        BrindleMessageBox::WarnNotSaved(this);
         return false;
+    }
     // Reported once the instructors are safely saved; they do not undo it.
     for (const QString& failure : failures)
         BrindleMessageBox::Warn(this, failure);

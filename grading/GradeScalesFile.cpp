@@ -62,7 +62,12 @@ QString Widen(const QByteArray& bytes)
 
 std::vector<GradeScale> ParseGradeScales(const QByteArray& bytes)
 {
-    const QString text = Widen(bytes);
+    // Text editors end the last line with a line feed (or CR LF); it is not
+    // part of the last grade's points. Line breaks inside the stream stay.
+    QByteArray content = bytes;
+    while (content.endsWith('\n') || content.endsWith('\r'))
+        content.chop(1);
+    const QString text = Widen(content);
     // Only "," separates; line breaks stay inside the field that follows them.
     const QList<QStringView> fields = QStringView(text).split(QLatin1Char(','));
     qsizetype next = 0;

@@ -23,7 +23,8 @@ struct GradeScale
 // name and points. Never fails: whatever the bytes, it returns the scales it
 // could read. A scale cut short by the end of the bytes keeps the grades it
 // read whole (a grade name without its points is left out); every count is
-// bounded by the fields actually present.
+// bounded by the fields actually present. Line feeds and carriage returns at
+// the very end (the last line's end, as editors write it) are not read.
 std::vector<GradeScale> ParseGradeScales(const QByteArray& bytes);
 
 // Reads GradeScales.txt from the installation folder; none when it is missing.

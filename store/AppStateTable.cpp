@@ -23,13 +23,15 @@ void CAppStateTable::InitializeNewRecordPropArray()
 
 int CAppStateTable::GetShowGPAWithHours() const
 {
-    sqlite3_stmt* stmt =
-        GetMount()->Statement("SELECT ShowGPAWithHours FROM AppState WHERE id = ?1");
+    CCeMount* mount = GetMount();
+    sqlite3_stmt* stmt = mount->Statement("SELECT ShowGPAWithHours FROM AppState WHERE id = ?1");
     if (!stmt)
         return BoolAt(PropShowGPAWithHours);
     sqlite3_bind_int64(stmt, 1, GetRecordID());
-    const int value = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int(stmt, 0)
-                                                       : BoolAt(PropShowGPAWithHours);
+    const int resultCode = sqlite3_step(stmt);
+    const int value =
+        resultCode == SQLITE_ROW ? sqlite3_column_int(stmt, 0) : BoolAt(PropShowGPAWithHours);
+    mount->Check(resultCode, stmt);
     sqlite3_reset(stmt);
     return value;
 }

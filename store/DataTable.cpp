@@ -5,7 +5,9 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -21,31 +23,39 @@ QVariant DefaultFor(FieldType type)
     }
 }
 
-void Bind(sqlite3_stmt* stmt, int index, FieldType type, const QVariant& value)
+int Bind(sqlite3_stmt* stmt, int index, FieldType type, const QVariant& value)
 {
     switch (type) {
     case FieldType::UInt32:
-        sqlite3_bind_int64(stmt, index, value.toUInt());
-        break;
+        return sqlite3_bind_int64(stmt, index, value.toUInt());
     case FieldType::UInt16:
-        sqlite3_bind_int64(stmt, index, static_cast<quint16>(value.toUInt()));
-        break;
+        return sqlite3_bind_int64(stmt, index, static_cast<quint16>(value.toUInt()));
     case FieldType::Int16:
-        sqlite3_bind_int64(stmt, index, static_cast<qint16>(value.toInt()));
-        break;
+        return sqlite3_bind_int64(stmt, index, static_cast<qint16>(value.toInt()));
     case FieldType::Bool:
-        sqlite3_bind_int64(stmt, index, value.toInt());
-        break;
+        return sqlite3_bind_int64(stmt, index, value.toInt());
     case FieldType::Double:
-        sqlite3_bind_double(stmt, index, value.toDouble());
-        break;
-    case FieldType::String: {
-        const QByteArray utf8 = value.toString().toUtf8();
-        sqlite3_bind_text(stmt, index, utf8.constData(), static_cast<int>(utf8.size()),
-                          SQLITE_TRANSIENT);
+        return sqlite3_bind_double(stmt, index, value.toDouble());
+    case FieldType::String:
         break;
     }
-    }
+    const QByteArray utf8 = value.toString().toUtf8();
+    return sqlite3_bind_text(stmt, index, utf8.constData(), static_cast<int>(utf8.size()),
+                             SQLITE_TRANSIENT);
+}
+
+QVariant FoldedKey(const QVariant& value)
+{
+    return value.toString().toCaseFolded();
+}
+
+// Runs a statement that returns no rows and resets it; nonzero when it ran.
+int StepToEnd(CCeMount* mount, sqlite3_stmt* stmt)
+{
+    const int resultCode = sqlite3_step(stmt);
+    const int ok = mount->Check(resultCode, stmt);
+    sqlite3_reset(stmt);
+    return ok && resultCode == SQLITE_DONE;
 }
 
 QVariant Column(sqlite3_stmt* stmt, int column, FieldType type)
@@ -175,28 +185,34 @@ int CDataTable::LoadSnapshot()
     m_snapshotIds.clear();
     m_snapshotValues.clear();
     m_cursor = 0;
+    m_readFailed = false;
 
-    QByteArray key =
-        m_sortKey == RecordIdKey ? QByteArray("id") : QByteArray(m_def.fields[m_sortKey].name);
-    const bool textKey =
-        m_sortKey != RecordIdKey && m_def.fields[m_sortKey].type == FieldType::String;
-    const QByteArray collate =
-        textKey ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation : QByteArray();
+    const bool foldedKey = HasFoldedKey(m_def, m_sortKey);
+    QByteArray key = m_sortKey == RecordIdKey ? QByteArray("id")
+                     : foldedKey              ? FoldedKeyColumn(m_def.fields[m_sortKey])
+                                              : QByteArray(m_def.fields[m_sortKey].name);
 
     QByteArray sql = "SELECT " + ColumnList() + " FROM " + m_def.name;
     if (m_seeking)
-        sql += " WHERE " + key + " = ?1" + collate;
-    sql += " ORDER BY " + key + collate;
+        sql += " WHERE " + key + " = ?1";
+    sql += " ORDER BY " + key;
     if (m_sortKey != RecordIdKey)
         sql += ", id";
 
-    sqlite3_stmt* stmt = GetMount()->Statement(sql);
-    if (!stmt)
+    CCeMount* mount = GetMount();
+    sqlite3_stmt* stmt = mount->Statement(sql);
+    if (!stmt) {
+        m_readFailed = true;
         return 0;
+    }
     if (m_seeking) {
         const FieldType keyType =
             m_sortKey == RecordIdKey ? FieldType::UInt32 : m_def.fields[m_sortKey].type;
-        Bind(stmt, 1, keyType, m_seekValue);
+        if (!mount->Check(Bind(stmt, 1, keyType, foldedKey ? FoldedKey(m_seekValue) : m_seekValue),
+                          stmt)) {
+            m_readFailed = true;
+            return 0;
+        }
     }
 
     std::vector<int> positions = m_readPositions;
@@ -204,14 +220,22 @@ int CDataTable::LoadSnapshot()
         for (size_t i = 0; i < m_def.fields.size(); ++i)
             positions.push_back(static_cast<int>(i));
 
-    while (sqlite3_step(stmt) == SQLITE_ROW) {
+    int resultCode = SQLITE_ROW;
+    while ((resultCode = sqlite3_step(stmt)) == SQLITE_ROW) {
         m_snapshotIds.push_back(static_cast<quint32>(sqlite3_column_int64(stmt, 0)));
         std::vector<QVariant> row(positions.size());
         for (size_t c = 0; c < positions.size(); ++c)
             row[c] = Column(stmt, static_cast<int>(c) + 1, m_def.fields[positions[c]].type);
         m_snapshotValues.push_back(std::move(row));
     }
+    // A read that fails is not an empty range: nothing of it is walked.
+    m_readFailed = !mount->Check(resultCode, stmt);
     sqlite3_reset(stmt);
+    if (m_readFailed) {
+        m_snapshotIds.clear();
+        m_snapshotValues.clear();
+        return 0;
+    }
     return 1;
 }
 
@@ -252,12 +276,17 @@ int CDataTable::MoveNext(int)
 
 bool CDataTable::ReadRecord(quint32 id)
 {
+    m_readFailed = false;
+    CCeMount* mount = GetMount();
     sqlite3_stmt* stmt =
-        GetMount()->Statement("SELECT " + ColumnList() + " FROM " + m_def.name + " WHERE id = ?1");
-    if (!stmt)
+        mount->Statement("SELECT " + ColumnList() + " FROM " + m_def.name + " WHERE id = ?1");
+    if (!stmt) {
+        m_readFailed = true;
         return false;
+    }
     sqlite3_bind_int64(stmt, 1, id);
-    const bool found = sqlite3_step(stmt) == SQLITE_ROW;
+    const int resultCode = sqlite3_step(stmt);
+    const bool found = resultCode == SQLITE_ROW;
     if (found) {
         ResetValues();
         m_isNew = false;
@@ -269,6 +298,7 @@ bool CDataTable::ReadRecord(quint32 id)
         }
         m_unreadAreDefaults = !m_readPositions.empty();
     }
+    m_readFailed = !mount->Check(resultCode, stmt);
     sqlite3_reset(stmt);
     return found;
 }
@@ -293,88 +323,114 @@ int CDataTable::NewRecord(quint32)
     return 1;
 }
 
-int CDataTable::UpdateRecord()
+int CDataTable::Insert(CCeMount* mount)
 {
-    if (!m_open)
+    const quint32 id = mount->AllocateRecordId();
+    if (id == 0)
         return 0;
-    CCeMount* mount = GetMount();
-    if (m_isNew) {
-        const quint32 id = mount->AllocateRecordId();
-        if (id == 0)
-            return 0;
-        QByteArray columns = "id";
-        QByteArray params = "?1";
-        for (size_t i = 0; i < m_def.fields.size(); ++i) {
-            columns += QByteArray(", ") + m_def.fields[i].name;
-            params += ", ?" + QByteArray::number(static_cast<int>(i) + 2);
-        }
-        sqlite3_stmt* stmt = mount->Statement("INSERT INTO " + QByteArray(m_def.name) + " (" +
-                                              columns + ") VALUES (" + params + ")");
-        if (!stmt)
-            return 0;
-        sqlite3_bind_int64(stmt, 1, id);
-        for (size_t i = 0; i < m_def.fields.size(); ++i)
-            Bind(stmt, static_cast<int>(i) + 2, m_def.fields[i].type, m_values[i]);
-        const bool ok = sqlite3_step(stmt) == SQLITE_DONE;
-        sqlite3_reset(stmt);
-        if (!ok)
-            return 0;
-        m_recordId = id;
-        m_isNew = false;
-        return 1;
-    }
+    QByteArray columns = "id";
+    QByteArray params = "?1";
+    int parameter = 1;
+    auto addColumn = [&](const QByteArray& name) {
+        columns += ", " + name;
+        params += ", ?" + QByteArray::number(++parameter);
+    };
+    for (size_t i = 0; i < m_def.fields.size(); ++i)
+        addColumn(m_def.fields[i].name);
+    for (size_t i = 0; i < m_def.fields.size(); ++i)
+        if (HasFoldedKey(m_def, static_cast<int>(i)))
+            addColumn(FoldedKeyColumn(m_def.fields[i]));
+    sqlite3_stmt* stmt = mount->Statement("INSERT INTO " + QByteArray(m_def.name) + " (" +
+                                          columns + ") VALUES (" + params + ")");
+    if (!stmt)
+        return 0;
+    int bound = sqlite3_bind_int64(stmt, 1, id);
+    parameter = 1;
+    for (size_t i = 0; i < m_def.fields.size() && bound == SQLITE_OK; ++i)
+        bound = Bind(stmt, ++parameter, m_def.fields[i].type, m_values[i]);
+    for (size_t i = 0; i < m_def.fields.size() && bound == SQLITE_OK; ++i)
+        if (HasFoldedKey(m_def, static_cast<int>(i)))
+            bound = Bind(stmt, ++parameter, FieldType::String, FoldedKey(m_values[i]));
+    if (!mount->Check(bound, stmt) || !StepToEnd(mount, stmt))
+        return 0;
+    m_recordId = id;
+    m_isNew = false;
+    return 1;
+}
 
+int CDataTable::Update(CCeMount* mount)
+{
     if (m_recordId == 0)
         return 0;
     QByteArray assignments;
-    std::vector<int> written;
+    // (column, type, value) of each written column: the set properties and
+    // the folded keys of those that have one.
+    std::vector<std::tuple<QByteArray, FieldType, QVariant>> written;
     for (size_t i = 0; i < m_def.fields.size(); ++i) {
         if (!m_dirty[i])
             continue;
-        if (!assignments.isEmpty())
-            assignments += ", ";
-        written.push_back(static_cast<int>(i));
-        assignments += QByteArray(m_def.fields[i].name) + " = ?" +
-                       QByteArray::number(static_cast<int>(written.size()) + 1);
+        const FieldDef& field = m_def.fields[i];
+        written.emplace_back(field.name, field.type, m_values[i]);
+        if (HasFoldedKey(m_def, static_cast<int>(i)))
+            written.emplace_back(FoldedKeyColumn(field), FieldType::String,
+                                 FoldedKey(m_values[i]));
     }
     if (written.empty())
         return 1;
+    for (size_t w = 0; w < written.size(); ++w) {
+        if (w > 0)
+            assignments += ", ";
+        assignments += std::get<0>(written[w]) + " = ?" + QByteArray::number(int(w) + 2);
+    }
     sqlite3_stmt* stmt = mount->Statement("UPDATE " + QByteArray(m_def.name) + " SET " +
                                           assignments + " WHERE id = ?1");
     if (!stmt)
         return 0;
-    sqlite3_bind_int64(stmt, 1, m_recordId);
-    for (size_t w = 0; w < written.size(); ++w)
-        Bind(stmt, static_cast<int>(w) + 2, m_def.fields[written[w]].type, m_values[written[w]]);
-    const bool ok = sqlite3_step(stmt) == SQLITE_DONE && sqlite3_changes(mount->Handle()) > 0;
-    sqlite3_reset(stmt);
-    return ok ? 1 : 0;
+    int bound = sqlite3_bind_int64(stmt, 1, m_recordId);
+    for (size_t w = 0; w < written.size() && bound == SQLITE_OK; ++w)
+        bound = Bind(stmt, int(w) + 2, std::get<1>(written[w]), std::get<2>(written[w]));
+    if (!mount->Check(bound, stmt) || !StepToEnd(mount, stmt))
+        return 0;
+    // A record that is gone is not written (and not an error of SQLite's).
+    return sqlite3_changes(mount->Handle()) > 0 ? 1 : 0;
+}
+
+int CDataTable::UpdateRecord()
+{
+    CCeMount* mount = GetMount();
+    if (!m_open || !mount->WritesAllowed())
+        return 0;
+    if (!(m_isNew ? Insert(mount) : Update(mount)))
+        return 0;
+    // Written: from now on only what is set again is written again, so that
+    // a long-lived object never undoes another writer's change.
+    std::fill(m_dirty.begin(), m_dirty.end(), false);
+    return 1;
 }
 
 int CDataTable::DeleteRecord(int)
 {
-    if (!m_open || m_isNew || m_recordId == 0)
-        return 0;
     CCeMount* mount = GetMount();
+    if (!m_open || m_isNew || m_recordId == 0 || !mount->WritesAllowed())
+        return 0;
     sqlite3_stmt* stmt =
         mount->Statement("DELETE FROM " + QByteArray(m_def.name) + " WHERE id = ?1");
     if (!stmt)
         return 0;
     sqlite3_bind_int64(stmt, 1, m_recordId);
-    const bool ok = sqlite3_step(stmt) == SQLITE_DONE && sqlite3_changes(mount->Handle()) > 0;
-    sqlite3_reset(stmt);
-    return ok ? 1 : 0;
+    return StepToEnd(mount, stmt) && sqlite3_changes(mount->Handle()) > 0 ? 1 : 0;
 }
 
 quint16 CDataTable::GetRecordCount() const
 {
-    sqlite3_stmt* stmt = GetMount()->Statement("SELECT count(*) FROM " + QByteArray(m_def.name));
-    if (!stmt)
-        return 0;
-    quint16 count = 0;
-    if (sqlite3_step(stmt) == SQLITE_ROW)
-        count =
-            static_cast<quint16>(std::min<sqlite3_int64>(sqlite3_column_int64(stmt, 0), 0xFFFF));
-    sqlite3_reset(stmt);
-    return count;
+    m_readFailed = false;
+    bool ok = false;
+    const qint64 count = GetMount()->Scalar("SELECT count(*) FROM " + QByteArray(m_def.name), &ok);
+    m_readFailed = !ok;
+    return ok ? static_cast<quint16>(std::clamp<qint64>(count, 0, 0xFFFF)) : 0;
+}
+
+int CDataTable::Reload()
+{
+    return m_open && m_recordId != 0 && !m_isNew && ReadRecord(m_recordId) ? 1 : 0;
 }

@@ -54,6 +54,14 @@ public:
     quint32 GetRecordID() const { return m_recordId; }
     quint16 GetRecordCount() const;
 
+    // True when the last read (MoveFirst, MoveToRecord, GetRecordCount) hit
+    // an SQLite error rather than finding nothing; the error is logged, and
+    // dooms the transaction it happened in.
+    bool ReadFailed() const { return m_readFailed; }
+    // Reads the current record again, dropping whatever was set and not
+    // written (after a rolled-back transaction, say).
+    int Reload();
+
     static CCeMount* GetMount();
 
 protected:
@@ -81,6 +89,8 @@ private:
     void LoadRow(size_t row);
     int LoadSnapshot();
     bool ReadRecord(quint32 id);
+    int Insert(CCeMount* mount);
+    int Update(CCeMount* mount);
     QByteArray ColumnList() const;
 
     const TableDef& m_def;
@@ -98,6 +108,7 @@ private:
     bool m_unreadAreDefaults = true;
     quint32 m_recordId = 0;
     bool m_isNew = false;
+    mutable bool m_readFailed = false;
 
     // The snapshot of the current walk: record ids and their property values.
     std::vector<quint32> m_snapshotIds;

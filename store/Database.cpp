@@ -4,6 +4,7 @@
 #include "CeMount.h"
 #include "GPAInfoTable.h"
 #include "GradeScaleTable.h"
+#include "PrivateFiles.h"
 #include "Schema.h"
 #include "Transaction.h"
 #include "ViewTabTable.h"
@@ -33,44 +34,52 @@ const char* SqlType(FieldType type)
     }
 }
 
-qint64 Scalar(CCeMount* mount, const QByteArray& sql)
-{
-    sqlite3_stmt* stmt = mount->Statement(sql);
-    if (!stmt)
-        return -1;
-    const qint64 value = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : -1;
-    sqlite3_reset(stmt);
-    return value;
-}
-
-QSet<QByteArray> ExistingColumns(CCeMount* mount, const char* table)
+QSet<QByteArray> ExistingColumns(CCeMount* mount, const char* table, bool* ok)
 {
     QSet<QByteArray> columns;
-    sqlite3_stmt* stmt = nullptr;
-    const QByteArray sql = "PRAGMA table_info(" + QByteArray(table) + ")";
-    if (sqlite3_prepare_v2(mount->Handle(), sql.constData(), -1, &stmt, nullptr) == SQLITE_OK)
-        while (sqlite3_step(stmt) == SQLITE_ROW)
-            columns.insert(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1)));
-    sqlite3_finalize(stmt);
+    *ok = false;
+    sqlite3_stmt* stmt = mount->Statement("PRAGMA table_info(" + QByteArray(table) + ")");
+    if (!stmt)
+        return columns;
+    int resultCode = SQLITE_ROW;
+    while ((resultCode = sqlite3_step(stmt)) == SQLITE_ROW)
+        columns.insert(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1)));
+    *ok = mount->Check(resultCode, stmt) != 0;
+    sqlite3_reset(stmt);
     return columns;
 }
 
-bool CreateTable(CCeMount* mount, const TableDef& def)
+bool AddMissingColumn(CCeMount* mount, const TableDef& def, const QSet<QByteArray>& existing,
+                      const QByteArray& column, const char* type, bool* added = nullptr)
+{
+    if (existing.contains(column))
+        return true;
+    if (added)
+        *added = true;
+    return mount->Execute("ALTER TABLE " + QByteArray(def.name) + " ADD COLUMN " + column + " " +
+                          type);
+}
+
+bool CreateTable(CCeMount* mount, const TableDef& def, int fileVersion)
 {
     QByteArray sql =
         "CREATE TABLE IF NOT EXISTS " + QByteArray(def.name) + " (id INTEGER PRIMARY KEY";
     for (const FieldDef& field : def.fields)
         sql += QByteArray(", ") + field.name + " " + SqlType(field.type);
+    for (size_t i = 0; i < def.fields.size(); ++i)
+        if (HasFoldedKey(def, static_cast<int>(i)))
+            sql += ", " + FoldedKeyColumn(def.fields[i]) + " " + SqlType(FieldType::String);
     sql += ")";
     if (!mount->Execute(sql))
         return false;
 
-    // A file from an older Brindle may lack newer properties.
-    const QSet<QByteArray> existing = ExistingColumns(mount, def.name);
+    // A file from an older Brindle may lack newer properties and key columns.
+    bool ok = false;
+    const QSet<QByteArray> existing = ExistingColumns(mount, def.name, &ok);
+    if (!ok)
+        return false;
     for (const FieldDef& field : def.fields)
-        if (!existing.contains(field.name) &&
-            !mount->Execute("ALTER TABLE " + QByteArray(def.name) + " ADD COLUMN " + field.name +
-                            " " + SqlType(field.type)))
+        if (!AddMissingColumn(mount, def, existing, field.name, SqlType(field.type)))
             return false;
 
     QSet<int> made;
@@ -79,12 +88,27 @@ bool CreateTable(CCeMount* mount, const TableDef& def)
             continue;
         made.insert(key);
         const FieldDef& field = def.fields[key];
-        const QByteArray collate =
-            field.type == FieldType::String
-                ? QByteArray(" COLLATE ") + BrindleSchema::CaseInsensitiveCollation
-                : QByteArray();
+        QByteArray column = field.name;
+        if (HasFoldedKey(def, key)) {
+            // Version 1 indexed the name itself under a collation of its own,
+            // which other SQLite programs cannot read: that index goes, and a
+            // key column filled from the names takes its place.
+            if (fileVersion < BrindleSchema::FoldedKeysVersion &&
+                !mount->Execute("DROP INDEX IF EXISTS " + QByteArray(def.name) + "_by_" +
+                                field.name))
+                return false;
+            column = FoldedKeyColumn(field);
+            bool added = false;
+            if (!AddMissingColumn(mount, def, existing, column, SqlType(FieldType::String),
+                                  &added))
+                return false;
+            if ((added || fileVersion < BrindleSchema::FoldedKeysVersion) &&
+                !mount->Execute("UPDATE " + QByteArray(def.name) + " SET " + column + " = " +
+                                BrindleSchema::CaseFoldFunction + "(" + field.name + ")"))
+                return false;
+        }
         if (!mount->Execute("CREATE INDEX IF NOT EXISTS " + QByteArray(def.name) + "_by_" +
-                            field.name + " ON " + def.name + " (" + field.name + collate + ", id)"))
+                            column + " ON " + def.name + " (" + column + ", id)"))
             return false;
     }
     return true;
@@ -94,15 +118,20 @@ bool CreateRecordIdSequence(CCeMount* mount)
 {
     if (!mount->Execute("CREATE TABLE IF NOT EXISTS RecordIdSequence (LastId INTEGER NOT NULL)"))
         return false;
-    if (Scalar(mount, "SELECT count(*) FROM RecordIdSequence") > 0)
+    bool ok = false;
+    const qint64 rows = mount->Scalar("SELECT count(*) FROM RecordIdSequence", &ok);
+    if (!ok)
+        return false;
+    if (rows > 0)
         return true;
     // Start past every id already in the file, so that none is handed out twice.
     QByteArray maxSql = "SELECT max(0";
     for (const TableDef* def : BrindleSchema::AllTables())
         maxSql += ", (SELECT coalesce(max(id), 0) FROM " + QByteArray(def->name) + ")";
     maxSql += ")";
-    return mount->Execute("INSERT INTO RecordIdSequence (LastId) VALUES (" +
-                          QByteArray::number(Scalar(mount, maxSql)) + ")");
+    const qint64 highest = mount->Scalar(maxSql, &ok);
+    return ok && mount->Execute("INSERT INTO RecordIdSequence (LastId) VALUES (" +
+                                QByteArray::number(highest) + ")");
 }
 
 // ShowGPAWithHours and WeightedByCourseHours are one setting kept in two
@@ -213,7 +242,7 @@ QString GetDatabasePath()
     if (!fromEnvironment.isEmpty())
         return fromEnvironment;
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    QDir().mkpath(folder);
+    BrindleFiles::MakePrivateFolder(folder);
     return folder + QStringLiteral("/Brindle.db");
 }
 
@@ -223,10 +252,15 @@ int CreateDatabase()
     if (!mount->IsMounted() && !mount->MountPath(GetDatabasePath()))
         return 0;
 
+    // Everything an upgrade changes lands in one transaction, or none of it.
     CTransaction transaction;
-    const bool brandNew = Scalar(mount, "PRAGMA application_id") != BrindleSchema::ApplicationId;
+    bool ok = false;
+    const bool brandNew = mount->Scalar("PRAGMA application_id", &ok) != BrindleSchema::ApplicationId;
+    const int fileVersion = static_cast<int>(mount->Scalar("PRAGMA user_version", &ok));
+    if (!ok)
+        return 0;
     for (const TableDef* def : BrindleSchema::AllTables())
-        if (!CreateTable(mount, *def))
+        if (!CreateTable(mount, *def, fileVersion))
             return 0;
     if (!CreateRecordIdSequence(mount) || !CreateGpaFlagTriggers(mount) ||
         !WriteDefaultRecords(brandNew))

@@ -6,6 +6,15 @@ namespace {
 // Julian day number of 30 December 1899, day zero of the encoding.
 const qint64 EpochJulianDay = QDate(1899, 12, 30).toJulianDay();
 constexpr double MillisecondsPerDay = 86400000.0;
+
+// Only values of the encoding's window convert: NaN, an infinity or a day
+// outside years 1 to 9999 gives an invalid date or time, never a cast of a
+// number that no integer holds.
+bool InWindow(double value)
+{
+    return std::isfinite(value) && value >= BrindleDate::MinDate() &&
+           value < BrindleDate::MaxDate() + 1.0;
+}
 } // namespace
 
 namespace BrindleDate {
@@ -42,11 +51,15 @@ double WholeDays(double value)
 
 QDate ToDate(double value)
 {
+    if (!InWindow(value))
+        return {};
     return QDate::fromJulianDay(EpochJulianDay + static_cast<qint64>(std::floor(value)));
 }
 
 QTime ToTime(double value)
 {
+    if (!InWindow(value))
+        return {};
     const double fraction = value - std::floor(value);
     // Round to the millisecond so that 10:50 stored as a double reads back as 10:50.
     auto ms = static_cast<int>(std::llround(fraction * MillisecondsPerDay));
@@ -56,6 +69,8 @@ QTime ToTime(double value)
 
 QDateTime ToDateTime(double value)
 {
+    if (!InWindow(value))
+        return {};
     return QDateTime(ToDate(value), ToTime(value));
 }
 

@@ -17,6 +17,7 @@ double FromDate(QDate date);
 double FromDateTime(const QDateTime& dateTime);
 double FromTime(QTime time);
 
+// NaN, infinities and values outside the window give an invalid date or time.
 QDate ToDate(double value);
 QDateTime ToDateTime(double value);
 QTime ToTime(double value);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QByteArray>
+
+#include <algorithm>
 #include <span>
 
 // How one record table is laid out in the database file: its SQL name, its
@@ -22,3 +25,20 @@ struct TableDef
     std::span<const FieldDef> fields;
     std::span<const int> sortOrders;
 };
+
+// A string property that a sort order is keyed on is stored twice: as typed,
+// and case-folded in a key column beside it ("CourseNameKey"). The sort
+// order's index, every seek and every ordering use the key column, so that
+// names compare without regard to case in every script, while the file needs
+// nothing but SQLite's built-in collation (the stock sqlite3 tool can check it).
+inline bool HasFoldedKey(const TableDef& def, int position)
+{
+    return position >= 0 && def.fields[static_cast<size_t>(position)].type == FieldType::String &&
+           std::find(def.sortOrders.begin(), def.sortOrders.end(), position) !=
+               def.sortOrders.end();
+}
+
+inline QByteArray FoldedKeyColumn(const FieldDef& field)
+{
+    return QByteArray(field.name).append("Key");
+}

@@ -1,19 +1,16 @@
 #include "Transaction.h"
 
+#include "AppStateTable.h"
 #include "CeMount.h"
 #include "DataTable.h"
 
-namespace {
-int g_depth = 0;
-}
-
 CTransaction::CTransaction()
 {
-    // Savepoints rather than BEGIN so that scopes can nest.
-    m_name = "brindle_" + QByteArray::number(++g_depth);
-    m_active = CDataTable::GetMount()->Execute("SAVEPOINT " + m_name) != 0;
-    if (!m_active)
-        --g_depth;
+    CCeMount* mount = CDataTable::GetMount();
+    // A scope that could not begin still counts as open, so that the writes
+    // made under it are refused rather than landing one by one.
+    m_open = mount->IsMounted();
+    mount->BeginScope();
 }
 
 CTransaction::~CTransaction()
@@ -21,22 +18,33 @@ CTransaction::~CTransaction()
     Rollback();
 }
 
+int CTransaction::End(bool commit)
+{
+    if (!m_open)
+        return 0;
+    m_open = false;
+    CCeMount* mount = CDataTable::GetMount();
+    const int landed = mount->EndScope(commit);
+    if (!landed && mount->ScopeDepth() == 0) {
+        // The state object may hold values the rollback took back.
+        CAppStateTable& state = CAppStateTable::Instance();
+        if (state.IsOpen())
+            state.Reload();
+    }
+    return landed;
+}
+
 int CTransaction::Commit()
 {
-    if (!m_active)
-        return 0;
-    m_active = false;
-    --g_depth;
-    return CDataTable::GetMount()->Execute("RELEASE " + m_name);
+    return End(true);
 }
 
 void CTransaction::Rollback()
 {
-    if (!m_active)
-        return;
-    m_active = false;
-    --g_depth;
-    CCeMount* mount = CDataTable::GetMount();
-    mount->Execute("ROLLBACK TO " + m_name);
-    mount->Execute("RELEASE " + m_name);
+    End(false);
+}
+
+QString CTransaction::LastFailure()
+{
+    return CDataTable::GetMount()->GetFailure();
 }

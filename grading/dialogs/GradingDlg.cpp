@@ -471,8 +471,10 @@ bool GradingDlg::Save()
 
     std::vector<CwTypeEntry> written = m_types;
     GradingDlgTypeWriter(m_courseId).Write(m_deletedTypeIds, written);
-    if (!transaction.Commit())
+    if (!transaction.Commit()) {
+        BrindleMessageBox::WarnNotSaved(this);
         return false;
+    }
     // Stored now: a second OK must not store them again.
     m_types = std::move(written);
     m_deletedTypeIds.clear();

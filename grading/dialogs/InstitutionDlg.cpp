@@ -177,7 +177,7 @@ bool InstitutionDlg::Save()
     if (!WriteScale() || !WriteGpaInfo(m_gpaPage->ShowWithHours(), pastHours, pastPoints) ||
         !transaction.Commit()) {
         transaction.Rollback();
-        BrindleMessageBox::Warn(this, ReportStrings::InstitutionNotSaved());
+        BrindleMessageBox::WarnNotSaved(this);
         return false;
     }
     // The store copies the flag into the state's record; the long-lived state

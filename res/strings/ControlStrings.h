@@ -6,6 +6,11 @@
 // the forms a grade is shown in. The area headers forward to these.
 namespace ControlStrings {
 
+// A change whose transaction failed; the reason is the store's (SQLite's) own.
+inline QString ChangeNotSaved(const QString& reason)
+{
+    return BrindleText::tr("The change could not be saved (%1). Nothing was changed.").arg(reason);
+}
 inline QString ConfirmDelete()
 {
     return BrindleText::tr("Confirm Delete");

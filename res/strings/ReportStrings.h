@@ -143,10 +143,6 @@ inline QString NoGrades()
     return BrindleText::tr("The grade scale needs at least one grade. Add a grade or choose a "
                            "scale from the list.");
 }
-inline QString InstitutionNotSaved()
-{
-    return BrindleText::tr("The institution information could not be saved; nothing was changed.");
-}
 inline QString ShowGpaWithHours()
 {
     return BrindleText::tr("Show GPA With Hours");

@@ -8,6 +8,19 @@
 
 namespace {
 
+// Everything read, as text, so that two readings compare as a whole (a NaN
+// points value prints as "nan" and equals itself).
+QStringList Describe(const std::vector<GradeScale>& scales)
+{
+    QStringList lines;
+    for (const GradeScale& scale : scales) {
+        lines << scale.name;
+        for (const GradeScaleEntry& grade : scale.grades)
+            lines << grade.name + QLatin1Char('=') + QString::number(grade.points, 'g', 17);
+    }
+    return lines;
+}
+
 // The points of the one grade of a one-scale file whose points field is given.
 double PointsOf(const QByteArray& field)
 {
@@ -108,6 +121,10 @@ void TestGradeScalesFile::numbers_data()
     QTest::newRow("empty") << QByteArray() << 0.0;
     QTest::newRow("a lone minus") << QByteArray("-") << 0.0;
     QTest::newRow("leading zeros of a long field") << QByteArray(400, '0') + "7" << 7.0;
+    // The end of the file's last line, as editors write it, is not part of it.
+    QTest::newRow("final line feed") << QByteArray("0.7\n") << 0.7;
+    QTest::newRow("final CR LF") << QByteArray("0.7\r\n") << 0.7;
+    QTest::newRow("final blank lines") << QByteArray("0.7\n\r\n\n") << 0.7;
 }
 
 void TestGradeScalesFile::numbers()
@@ -174,6 +191,10 @@ void TestGradeScalesFile::anyInputReturns()
                              : alphabet[random.bounded(int(sizeof alphabet - 1))];
         }
         const auto scales = ParseGradeScales(bytes);
+        // A last line ended as editors end it reads the same.
+        const QStringList read = Describe(scales);
+        QCOMPARE(Describe(ParseGradeScales(bytes + "\n")), read);
+        QCOMPARE(Describe(ParseGradeScales(bytes + "\r\n")), read);
         size_t grades = 0;
         for (const GradeScale& scale : scales)
             grades += scale.grades.size();
@@ -184,6 +205,7 @@ void TestGradeScalesFile::anyInputReturns()
     for (qsizetype cut = 0; cut <= shipped.size(); ++cut) {
         const auto scales = ParseGradeScales(shipped.left(cut));
         QVERIFY(scales.size() <= 3);
+        QCOMPARE(Describe(ParseGradeScales(shipped.left(cut) + "\r\n")), Describe(scales));
         ++checked;
     }
     // One field of a million digits, and of a million minus signs.

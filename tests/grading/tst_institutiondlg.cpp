@@ -4,6 +4,7 @@
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgGpaPage.h"
 #include "grading/dialogs/InstitutionDlgScalePage.h"
+#include "res/strings/ControlStrings.h"
 #include "res/strings/ReportStrings.h"
 #include "store/BrindleData.h"
 #include "support/MessageAnswers.h"
@@ -523,7 +524,8 @@ void TestInstitutionDlg::failedWriteChangesNothing()
     dialog.accept();
 
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    QCOMPARE(answers.Texts(), QStringList{ReportStrings::InstitutionNotSaved()});
+    // SQLite's reason is the trigger's own message.
+    QCOMPARE(answers.Texts(), QStringList{ControlStrings::ChangeNotSaved(QStringLiteral("refused"))});
     QCOMPARE(StoredScale(), before);
     QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
     QCOMPARE(StoredGpaInfo().hours, 0.0);
