@@ -3,12 +3,20 @@
 #include "BrindleData.h"
 #include "app/DatabaseOpener.h"
 #include "app/Startup.h"
+#include "res/strings/AppStrings.h"
+#include "res/strings/StoreStrings.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
 #include <QtTest>
+
+#include <sqlite3.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +25,80 @@ bool Touch(const QString& path, const QByteArray& bytes = "x")
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray Hash(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256);
+}
+
+// Every file of a folder with the hash of its bytes (a folder as "dir").
+QMap<QString, QByteArray> Contents(const QString& folder)
+{
+    QMap<QString, QByteArray> contents;
+    for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+        contents.insert(info.fileName(), info.isDir() ? QByteArray("dir") : Hash(info.filePath()));
+    return contents;
+}
+
+int Mode(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? int(status.st_mode & 0777)
+                                                                     : -1;
+}
+
+bool RunSql(const QString& path, const char* sql)
+{
+    sqlite3* db = nullptr;
+    const bool ok = sqlite3_open(path.toUtf8().constData(), &db) == SQLITE_OK &&
+                    sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+    sqlite3_close(db);
+    return ok;
+}
+
+void CloseDatabase()
+{
+    CAppStateTable::Instance().Close();
+    CDataTable::GetMount()->Unmount();
+}
+
+// A Brindle database holding one course, closed again.
+bool MakeBrindleFile(const QString& path)
+{
+    CCeMount* mount = CDataTable::GetMount();
+    const bool ok = mount->MountPath(path) && CreateDatabase() &&
+                    Records::Course(u"Before"_s) != 0;
+    mount->Unmount();
+    return ok;
+}
+
+// The files a crash in the middle of a large change leaves: the database
+// already holding some of the new pages, and the journal that undoes them.
+bool MakeCrashedFile(const QString& path)
+{
+    const QString source = path + u".source"_s;
+    if (!MakeBrindleFile(source))
+        return false;
+    const QByteArray before = Hash(source);
+    sqlite3* db = nullptr;
+    bool ok = sqlite3_open(source.toUtf8().constData(), &db) == SQLITE_OK &&
+              sqlite3_exec(db,
+                           "PRAGMA cache_size = 4; BEGIN;"
+                           "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                           "WHERE i < 3000) INSERT INTO Course (CourseName) "
+                           "SELECT hex(randomblob(60)) FROM n;",
+                           nullptr, nullptr, nullptr) == SQLITE_OK;
+    // Copied while the change is half written, as a crash would leave them.
+    ok = ok && Hash(source) != before && QFile::copy(source, path) &&
+         QFile::copy(source + u"-journal"_s, path + u"-journal"_s);
+    sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    QFile::remove(source);
+    return ok;
 }
 } // namespace
 
@@ -32,20 +114,32 @@ private slots:
     void unusableDatabaseIsKeptWhenTheUserSaysNo();
     void unusableDatabaseIsSetAsideWhenTheUserAgrees();
     void freshPathGetsANewDatabase();
+    void fileMatrix_data();
+    void fileMatrix();
+    void newFilesArePrivate_data();
+    void newFilesArePrivate();
+    void setAsideTakesItsJournalAndKeepsItsMode();
+    void secondWindowIsTurnedAway();
+    void failureAfterTheCheckIsShown();
 
 private:
+    int m_savedBusyTimeout = 0;
     QTemporaryDir m_install;
     QByteArray m_savedInstallDir;
 };
 
 void TestStartup::init()
 {
+    m_savedBusyTimeout = CCeMount::BusyTimeout();
+    CCeMount::SetBusyTimeout(100);
     m_savedInstallDir = qgetenv("BRINDLE_INSTALL_DIR");
     qputenv("BRINDLE_INSTALL_DIR", m_install.path().toUtf8());
 }
 
 void TestStartup::cleanup()
 {
+    CCeMount::SetBusyTimeout(m_savedBusyTimeout);
+    SetDatabasePath(QString());
     qputenv("BRINDLE_INSTALL_DIR", m_savedInstallDir);
     QFile::remove(m_install.filePath(u"BrindleUpgrade.dll"_s));
     QFile::remove(m_install.filePath(u"SetSecurity.exe"_s));
@@ -148,6 +242,211 @@ void TestStartup::freshPathGetsANewDatabase()
     CAppStateTable::Instance().Close();
     CDataTable::GetMount()->Unmount();
     SetDatabasePath(QString());
+}
+
+void TestStartup::fileMatrix_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<bool>("opens");
+    QTest::addColumn<bool>("offersSettingAside");
+
+    QTest::newRow("zero bytes") << QByteArray("empty") << true << false;
+    QTest::newRow("hot journal beside a good file") << QByteArray("crashed") << true << false;
+    QTest::newRow("truncated to 100 bytes") << QByteArray("cut 100") << false << true;
+    QTest::newRow("truncated to 5000 bytes") << QByteArray("cut 5000") << false << true;
+    QTest::newRow("truncated to half") << QByteArray("cut half") << false << true;
+    QTest::newRow("zero-filled") << QByteArray("zeros") << false << true;
+    QTest::newRow("random bytes") << QByteArray("random") << false << true;
+    QTest::newRow("text file") << QByteArray("text") << false << true;
+    QTest::newRow("another program's SQLite file") << QByteArray("foreign") << false << true;
+    QTest::newRow("newer Brindle") << QByteArray("newer") << false << true;
+    QTest::newRow("locked by another program") << QByteArray("locked") << false << false;
+    QTest::newRow("folder at the file's path") << QByteArray("folder") << false << false;
+    QTest::newRow("read-only file in a read-only folder")
+        << QByteArray("read-only") << false << false;
+}
+
+void TestStartup::fileMatrix()
+{
+    QFETCH(QByteArray, kind);
+    QFETCH(bool, opens);
+    QFETCH(bool, offersSettingAside);
+    QTemporaryDir dir;
+    const QString folder = dir.filePath(u"data"_s);
+    QVERIFY(QDir().mkdir(folder));
+    const QString path = folder + u"/Brindle.db"_s;
+    QString expected; // a reason the message must give
+    sqlite3* locker = nullptr;
+
+    if (kind == "empty") {
+        QVERIFY(Touch(path, {}));
+    } else if (kind == "crashed") {
+        QVERIFY(MakeCrashedFile(path));
+    } else if (kind.startsWith("cut")) {
+        QVERIFY(MakeBrindleFile(path));
+        QFile file(path);
+        const qint64 size = kind == "cut half" ? file.size() / 2 : kind.mid(4).toLongLong();
+        QVERIFY(file.resize(size));
+    } else if (kind == "zeros") {
+        QVERIFY(Touch(path, QByteArray(8192, '\0')));
+        expected = StoreStrings::NotADatabase(path);
+    } else if (kind == "random") {
+        QByteArray bytes(8192, Qt::Uninitialized);
+        QRandomGenerator random(7);
+        for (char& byte : bytes)
+            byte = char(random.bounded(256));
+        QVERIFY(Touch(path, bytes));
+        expected = StoreStrings::NotADatabase(path);
+    } else if (kind == "text") {
+        QVERIFY(Touch(path, "Latin: Tuesdays\nBotany: Fridays\n"));
+        expected = StoreStrings::NotADatabase(path);
+    } else if (kind == "foreign") {
+        QVERIFY(RunSql(path, "CREATE TABLE notes (body TEXT); INSERT INTO notes VALUES ('x');"));
+        expected = StoreStrings::NotABrindleDatabase(path);
+    } else if (kind == "newer") {
+        QVERIFY(MakeBrindleFile(path));
+        QVERIFY(RunSql(path, "PRAGMA user_version = 99;"));
+        expected = StoreStrings::NewerDatabase(path);
+    } else if (kind == "locked") {
+        QVERIFY(MakeBrindleFile(path));
+        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &locker), SQLITE_OK);
+        QCOMPARE(sqlite3_exec(locker, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+        expected = StoreStrings::DatabaseInUse(path);
+    } else if (kind == "folder") {
+        QVERIFY(QDir().mkdir(path));
+        expected = StoreStrings::PathIsFolder(path);
+    } else if (kind == "read-only") {
+        QVERIFY(MakeBrindleFile(path));
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner));
+        QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+        expected = StoreStrings::NotWritable(path);
+    }
+    const QMap<QString, QByteArray> before = Contents(folder);
+
+    SetDatabasePath(path);
+    MessageAnswers answers({QMessageBox::No});
+    bool opened = false;
+    {
+        CDatabaseOpener opener(true);
+        opened = opener.Open();
+        if (opened) {
+            QVERIFY(answers.Texts().isEmpty());
+            QCOMPARE(Records::Count("Course"), kind == "crashed" ? 1 : 0);
+            QVERIFY(!QFile::exists(path + u"-journal"_s));
+            CloseDatabase();
+        } else {
+            QCOMPARE(answers.Texts().size(), 1);
+            QVERIFY(opener.ErrorText().contains(path));
+            if (!expected.isEmpty())
+                QCOMPARE(opener.ErrorText(), expected);
+            QCOMPARE(answers.Texts().first(),
+                     offersSettingAside ? AppStrings::DatabaseUnusable(opener.ErrorText())
+                                        : AppStrings::DatabaseSetAside(opener.ErrorText()));
+            QVERIFY(!CDataTable::GetMount()->IsMounted());
+        }
+    }
+    if (locker) {
+        sqlite3_exec(locker, "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_close(locker);
+    }
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QCOMPARE(opened, opens);
+    // Nothing that was not opened changed, and nothing was added beside it.
+    if (!opened)
+        QCOMPARE(Contents(folder), before);
+}
+
+void TestStartup::newFilesArePrivate_data()
+{
+    QTest::addColumn<int>("umask");
+    QTest::newRow("umask 000") << 0;
+    QTest::newRow("umask 022") << 022;
+    QTest::newRow("umask 277") << 0277;
+}
+
+void TestStartup::newFilesArePrivate()
+{
+    QFETCH(int, umask);
+    QTemporaryDir dir;
+    const QString folder = dir.filePath(u"Brindle"_s);
+    const QString path = folder + u"/semesters/Brindle.db"_s;
+    SetDatabasePath(path);
+    const mode_t saved = ::umask(mode_t(umask));
+    bool opened = false;
+    {
+        MessageAnswers answers;
+        CDatabaseOpener opener(false);
+        opened = opener.Open();
+        CloseDatabase();
+    }
+    ::umask(saved);
+    QVERIFY(opened);
+    QCOMPARE(Mode(path), 0600);
+    QCOMPARE(Mode(folder + u"/semesters"_s), 0700);
+    QCOMPARE(Mode(folder), 0700);
+}
+
+void TestStartup::setAsideTakesItsJournalAndKeepsItsMode()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"Brindle.db"_s);
+    QVERIFY(Touch(path, "not a database at all"));
+    QVERIFY(Touch(path + u"-journal"_s, "its journal"));
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    SetDatabasePath(path);
+    MessageAnswers answers({QMessageBox::Yes});
+    {
+        CDatabaseOpener opener(true);
+        QVERIFY(opener.Open());
+        const QString kept = opener.SetAsidePath();
+        QCOMPARE(Mode(kept), 0640);
+        QFile journal(kept + u"-journal"_s);
+        QVERIFY(journal.open(QIODevice::ReadOnly));
+        QCOMPARE(journal.readAll(), QByteArray("its journal"));
+        // The new database starts clean, with no journal of another file.
+        QCOMPARE(Records::Count("ViewTab"), 4);
+        QVERIFY(!QFile::exists(path + u"-journal"_s));
+        CloseDatabase();
+    }
+}
+
+void TestStartup::secondWindowIsTurnedAway()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"Brindle.db"_s);
+    SetDatabasePath(path);
+    MessageAnswers answers;
+    {
+        CDatabaseOpener first(true);
+        QVERIFY(first.Open());
+        CDatabaseOpener second(true);
+        QVERIFY(!second.Open());
+        QCOMPARE(second.ErrorText(), StoreStrings::DatabaseOpenElsewhere(path));
+        QCOMPARE(answers.Texts(), QStringList{AppStrings::DatabaseSetAside(second.ErrorText())});
+        // The first window's database is still open and untouched.
+        QVERIFY(CDataTable::GetMount()->IsMounted());
+        CloseDatabase();
+    }
+    CDatabaseOpener later(true);
+    QVERIFY(later.Open());
+    CloseDatabase();
+}
+
+void TestStartup::failureAfterTheCheckIsShown()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"Brindle.db"_s);
+    QVERIFY(MakeBrindleFile(path));
+    // A table in the way of the upgrade: the tables cannot be made.
+    QVERIFY(RunSql(path, "DROP TABLE ViewTab; CREATE VIEW ViewTab AS SELECT 1 AS id;"));
+    SetDatabasePath(path);
+    MessageAnswers answers;
+    CDatabaseOpener opener(true);
+    QVERIFY(!opener.Open());
+    QVERIFY(opener.ErrorText().startsWith(StoreStrings::CannotCreateTables(path, QString())));
+    QVERIFY(opener.ErrorText().size() > StoreStrings::CannotCreateTables(path, QString()).size());
+    QCOMPARE(answers.Texts(), QStringList{AppStrings::DatabaseSetAside(opener.ErrorText())});
+    QVERIFY(!CDataTable::GetMount()->IsMounted());
 }
 
 QTEST_MAIN(TestStartup)

@@ -1,10 +1,13 @@
 // The database file: creation and upgrade, refusal of foreign or damaged
 // files, transactions, the shared GPA flag and the date encoding.
 #include "BrindleData.h"
+#include "Schema.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -25,13 +28,64 @@ bool WriteFile(const QString& path, const QByteArray& bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-bool RunSql(const QString& path, const char* sql)
+// The collation of version 1 files, for writing one as that Brindle did.
+int LegacyCompare(void*, int lengthA, const void* a, int lengthB, const void* b)
+{
+    return QString::compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
+                            QString::fromUtf8(static_cast<const char*>(b), lengthB),
+                            Qt::CaseInsensitive);
+}
+
+bool RunSql(const QString& path, const char* sql, bool withLegacyCollation = false)
 {
     sqlite3* db = nullptr;
-    const bool ok = sqlite3_open(path.toUtf8().constData(), &db) == SQLITE_OK &&
-                    sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+    bool ok = sqlite3_open(path.toUtf8().constData(), &db) == SQLITE_OK;
+    if (ok && withLegacyCollation)
+        sqlite3_create_collation_v2(db, "BRINDLE_NOCASE", SQLITE_UTF8, nullptr, LegacyCompare,
+                                    nullptr);
+    ok = ok && sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
     sqlite3_close(db);
     return ok;
+}
+
+// PRAGMA integrity_check as any SQLite program runs it: no function or
+// collation of Brindle's known.
+QString PlainIntegrityCheck(const QString& path)
+{
+    sqlite3* db = nullptr;
+    sqlite3_stmt* stmt = nullptr;
+    QString result;
+    if (sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
+            SQLITE_OK &&
+        sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &stmt, nullptr) == SQLITE_OK) {
+        result = sqlite3_step(stmt) == SQLITE_ROW
+                     ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)))
+                     : QString::fromUtf8(sqlite3_errmsg(db));
+    } else {
+        result = QString::fromUtf8(sqlite3_errmsg(db));
+    }
+    sqlite3_finalize(stmt);
+    sqlite3_close(db);
+    return result;
+}
+
+quint32 CourseIdByName(const QString& name)
+{
+    CCourseTable courses;
+    courses.Open(0);
+    const CCeDBProp key(name);
+    courses.SetSeekValue(&key, CDataTable::SeekValueEqual);
+    return courses.MoveFirst(1) ? courses.GetRecordID() : 0;
+}
+
+QStringList CoursesInNameOrder()
+{
+    QStringList names;
+    CCourseTable courses;
+    courses.Open(0);
+    for (int ok = courses.MoveFirst(1); ok; ok = courses.MoveNext(1))
+        names << courses.GetCourseName();
+    return names;
 }
 
 QStringList TabTexts()
@@ -62,8 +116,14 @@ private slots:
     void rolledBackTransactionLeavesNothing();
     void innerScopeCommitsIntoOuterOne();
     void gpaFlagFollowsWhicheverIsWritten();
+    void namesCompareWithoutCaseInEveryScript_data();
+    void namesCompareWithoutCaseInEveryScript();
+    void plainSqliteChecksTheFile();
+    void versionOneFileIsUpgradedInPlace();
     void dateEncoding_data();
     void dateEncoding();
+    void valuesOutsideTheDateWindow_data();
+    void valuesOutsideTheDateWindow();
     void unmountedFileHoldsEverything();
 };
 
@@ -236,6 +296,89 @@ void TestDatabaseFile::gpaFlagFollowsWhicheverIsWritten()
     QCOMPARE(gpa.GetWeightedByCourseHours(), 0);
 }
 
+void TestDatabaseFile::namesCompareWithoutCaseInEveryScript_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("sought");
+    QTest::newRow("ASCII") << u"Latin"_s << u"LATIN"_s;
+    QTest::newRow("accented") << u"\u00C9cole d'\u00E9t\u00E9"_s << u"\u00E9COLE D'\u00C9T\u00C9"_s;
+    QTest::newRow("Greek") << u"\u03A3\u03BF\u03C6\u03AF\u03B1"_s << u"\u03C3\u039F\u03A6\u038A\u0391"_s;
+    QTest::newRow("Cyrillic") << u"\u0425\u0438\u043C\u0438\u044F"_s << u"\u0445\u0418\u041C\u0418\u042F"_s;
+}
+
+void TestDatabaseFile::namesCompareWithoutCaseInEveryScript()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, sought);
+    TestDatabase db;
+    const quint32 course = Records::Course(stored);
+    Records::Course(u"Other"_s);
+    QCOMPARE(CourseIdByName(sought), course);
+    // A renamed course is found by its new name only.
+    CCourseTable table;
+    QVERIFY(table.Open() && table.MoveToRecord(course));
+    table.SetCourseName(u"Renamed"_s);
+    QVERIFY(table.UpdateRecord());
+    QCOMPARE(CourseIdByName(sought), 0u);
+    QCOMPARE(CourseIdByName(u"RENAMED"_s), course);
+}
+
+void TestDatabaseFile::plainSqliteChecksTheFile()
+{
+    TestDatabase db;
+    Records::Course(u"Latin"_s);
+    {
+        CBuildingTable building;
+        QVERIFY(building.Open() && building.NewRecord(0));
+        building.SetBuildingName(u"Main Hall"_s);
+        QVERIFY(building.UpdateRecord());
+    }
+    CAppStateTable::Instance().Close();
+    CDataTable::GetMount()->Unmount();
+    QCOMPARE(PlainIntegrityCheck(db.Path()), u"ok"_s);
+    // The stock command-line tool too, where it is installed.
+    const QString tool = QStandardPaths::findExecutable(u"sqlite3"_s);
+    if (!tool.isEmpty()) {
+        QProcess process;
+        process.start(tool, {db.Path(), u"PRAGMA integrity_check;"_s});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.readAllStandardOutput().trimmed(), QByteArray("ok"));
+    }
+}
+
+void TestDatabaseFile::versionOneFileIsUpgradedInPlace()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"v1.db"_s);
+    // As Brindle 1 wrote it: the names indexed under a collation of its own.
+    QVERIFY(RunSql(path,
+                   "PRAGMA application_id = 1112690244; PRAGMA user_version = 1;"
+                   "CREATE TABLE Course (id INTEGER PRIMARY KEY, CourseName TEXT NOT NULL "
+                   "DEFAULT '');"
+                   "CREATE INDEX Course_by_CourseName ON Course (CourseName COLLATE "
+                   "BRINDLE_NOCASE, id);"
+                   "CREATE TABLE Building (id INTEGER PRIMARY KEY, BuildingName TEXT NOT NULL "
+                   "DEFAULT '');"
+                   "CREATE INDEX Building_by_BuildingName ON Building (BuildingName COLLATE "
+                   "BRINDLE_NOCASE, id);"
+                   "CREATE TABLE RecordIdSequence (LastId INTEGER NOT NULL);"
+                   "INSERT INTO RecordIdSequence VALUES (12);"
+                   "INSERT INTO Course VALUES (10, 'latin'), (11, 'Greek');"
+                   "INSERT INTO Building VALUES (12, 'Main Hall');",
+                   true));
+    QVERIFY(PlainIntegrityCheck(path).contains(u"collation"_s));
+
+    CCeMount* mount = CDataTable::GetMount();
+    QVERIFY2(mount->MountPath(path), qPrintable(mount->GetLastError()));
+    QVERIFY(CreateDatabase());
+    QCOMPARE(mount->Scalar("PRAGMA user_version"), qint64(BrindleSchema::Version));
+    QCOMPARE(CourseIdByName(u"LATIN"_s), 10u);
+    QCOMPARE(CoursesInNameOrder(), (QStringList{u"Greek"_s, u"latin"_s}));
+    QCOMPARE(CBuildingTable::GetBuildingIDFromName(u"main hall"_s), 12u);
+    mount->Unmount();
+    QCOMPARE(PlainIntegrityCheck(path), u"ok"_s);
+}
+
 void TestDatabaseFile::dateEncoding_data()
 {
     QTest::addColumn<QDateTime>("moment");
@@ -261,6 +404,29 @@ void TestDatabaseFile::dateEncoding()
     QCOMPARE(BrindleDate::ToTime(value + BrindleDate::FromTime(classEnd) -
                                  BrindleDate::FromTime(moment.time())),
              classEnd);
+}
+
+void TestDatabaseFile::valuesOutsideTheDateWindow_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("NaN") << qQNaN() << false;
+    QTest::newRow("infinity") << qInf() << false;
+    QTest::newRow("minus infinity") << -qInf() << false;
+    QTest::newRow("beyond any integer") << 1e300 << false;
+    QTest::newRow("the day before year 1") << BrindleDate::MinDate() - 0.5 << false;
+    QTest::newRow("the day after 9999") << BrindleDate::MaxDate() + 1.0 << false;
+    QTest::newRow("first moment of year 1") << BrindleDate::MinDate() << true;
+    QTest::newRow("last evening of 9999") << BrindleDate::MaxDate() + 0.9 << true;
+}
+
+void TestDatabaseFile::valuesOutsideTheDateWindow()
+{
+    QFETCH(double, value);
+    QFETCH(bool, valid);
+    QCOMPARE(BrindleDate::ToDate(value).isValid(), valid);
+    QCOMPARE(BrindleDate::ToTime(value).isValid(), valid);
+    QCOMPARE(BrindleDate::ToDateTime(value).isValid(), valid);
 }
 
 void TestDatabaseFile::unmountedFileHoldsEverything()
