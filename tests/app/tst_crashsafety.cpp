@@ -9,6 +9,8 @@
 
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSet>
 #include <QThread>
 #include <QtTest>
 
