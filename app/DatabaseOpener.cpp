@@ -16,10 +16,7 @@ namespace {
 const char* const CompanionSuffixes[] = {"-journal", "-wal", "-shm"};
 } // namespace
 
-CDatabaseOpener::CDatabaseOpener(bool interactive)
-    : m_interactive(interactive)
-{
-}
+CDatabaseOpener::CDatabaseOpener(bool interactive) : m_interactive(interactive) {}
 
 CDatabaseOpener::~CDatabaseOpener() = default;
 
@@ -51,9 +48,8 @@ bool CDatabaseOpener::LockAgainstSecondWindow(const QString& path)
 
 bool CDatabaseOpener::SetAside(const QString& path)
 {
-    const QString target =
-        path + QStringLiteral(".unusable-") +
-        QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    const QString target = path + QStringLiteral(".unusable-") +
+                           QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
     // The journal files go first: one left behind would be taken for the
     // new database's own and played into it.
     QStringList moved;
@@ -89,8 +85,8 @@ bool CDatabaseOpener::Open()
         m_error = mount->GetLastError();
         if (!m_interactive ||
             BrindleMessageBox::Show(nullptr, AppStrings::DatabaseUnusable(m_error),
-                                    QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No) !=
-                QMessageBox::Yes)
+                                    QMessageBox::Warning,
+                                    QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
             return false;
         if (!SetAside(path))
             return Fail(AppStrings::DatabaseCannotMoveAside(path));

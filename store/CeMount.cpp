@@ -197,8 +197,8 @@ int CCeMount::MountPath(const QString& path)
 
     // A rollback journal, not WAL: after Unmount the one file is the whole database.
     bool good = CheckContents(path);
-    if (good && (!Execute("PRAGMA journal_mode = DELETE") ||
-                 !Execute("PRAGMA synchronous = FULL"))) {
+    if (good &&
+        (!Execute("PRAGMA journal_mode = DELETE") || !Execute("PRAGMA synchronous = FULL"))) {
         good = IsLocked(sqlite3_errcode(m_db))
                    ? Fail(Problem::InUse, StoreStrings::DatabaseInUse(path))
                    : Fail(Problem::CannotOpen, StoreStrings::CannotOpenFile(path, m_failure));
@@ -334,9 +334,8 @@ bool CCeMount::ReserveIds()
 {
     // Near the end of the id range a block would not fit: one at a time then.
     for (const quint32 block : {IdBlock, 1u}) {
-        sqlite3_stmt* stmt =
-            Statement("UPDATE RecordIdSequence SET LastId = max(LastId, ?1) + ?2 "
-                      "WHERE max(LastId, ?1) <= 4294967294 - ?2 RETURNING LastId");
+        sqlite3_stmt* stmt = Statement("UPDATE RecordIdSequence SET LastId = max(LastId, ?1) + ?2 "
+                                       "WHERE max(LastId, ?1) <= 4294967294 - ?2 RETURNING LastId");
         if (!stmt)
             return false;
         sqlite3_bind_int64(stmt, 1, m_lastReservedId);
@@ -366,8 +365,7 @@ void CCeMount::KeepReservedIds()
     if (!m_reservedInTransaction || !m_db)
         return;
     m_reservedInTransaction = false;
-    if (sqlite3_stmt* stmt =
-            Statement("UPDATE RecordIdSequence SET LastId = max(LastId, ?1)")) {
+    if (sqlite3_stmt* stmt = Statement("UPDATE RecordIdSequence SET LastId = max(LastId, ?1)")) {
         sqlite3_bind_int64(stmt, 1, m_lastReservedId);
         Check(sqlite3_step(stmt), stmt);
         sqlite3_reset(stmt);

@@ -340,8 +340,8 @@ int CDataTable::Insert(CCeMount* mount)
     for (size_t i = 0; i < m_def.fields.size(); ++i)
         if (HasFoldedKey(m_def, static_cast<int>(i)))
             addColumn(FoldedKeyColumn(m_def.fields[i]));
-    sqlite3_stmt* stmt = mount->Statement("INSERT INTO " + QByteArray(m_def.name) + " (" +
-                                          columns + ") VALUES (" + params + ")");
+    sqlite3_stmt* stmt = mount->Statement("INSERT INTO " + QByteArray(m_def.name) + " (" + columns +
+                                          ") VALUES (" + params + ")");
     if (!stmt)
         return 0;
     int bound = sqlite3_bind_int64(stmt, 1, id);
@@ -372,8 +372,7 @@ int CDataTable::Update(CCeMount* mount)
         const FieldDef& field = m_def.fields[i];
         written.emplace_back(field.name, field.type, m_values[i]);
         if (HasFoldedKey(m_def, static_cast<int>(i)))
-            written.emplace_back(FoldedKeyColumn(field), FieldType::String,
-                                 FoldedKey(m_values[i]));
+            written.emplace_back(FoldedKeyColumn(field), FieldType::String, FoldedKey(m_values[i]));
     }
     if (written.empty())
         return 1;

@@ -99,16 +99,15 @@ bool CreateTable(CCeMount* mount, const TableDef& def, int fileVersion)
                 return false;
             column = FoldedKeyColumn(field);
             bool added = false;
-            if (!AddMissingColumn(mount, def, existing, column, SqlType(FieldType::String),
-                                  &added))
+            if (!AddMissingColumn(mount, def, existing, column, SqlType(FieldType::String), &added))
                 return false;
             if ((added || fileVersion < BrindleSchema::FoldedKeysVersion) &&
                 !mount->Execute("UPDATE " + QByteArray(def.name) + " SET " + column + " = " +
                                 BrindleSchema::CaseFoldFunction + "(" + field.name + ")"))
                 return false;
         }
-        if (!mount->Execute("CREATE INDEX IF NOT EXISTS " + QByteArray(def.name) + "_by_" +
-                            column + " ON " + def.name + " (" + column + ", id)"))
+        if (!mount->Execute("CREATE INDEX IF NOT EXISTS " + QByteArray(def.name) + "_by_" + column +
+                            " ON " + def.name + " (" + column + ", id)"))
             return false;
     }
     return true;
@@ -255,7 +254,8 @@ int CreateDatabase()
     // Everything an upgrade changes lands in one transaction, or none of it.
     CTransaction transaction;
     bool ok = false;
-    const bool brandNew = mount->Scalar("PRAGMA application_id", &ok) != BrindleSchema::ApplicationId;
+    const bool brandNew =
+        mount->Scalar("PRAGMA application_id", &ok) != BrindleSchema::ApplicationId;
     const int fileVersion = static_cast<int>(mount->Scalar("PRAGMA user_version", &ok));
     if (!ok)
         return 0;

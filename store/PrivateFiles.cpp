@@ -10,9 +10,9 @@
 namespace BrindleFiles {
 
 namespace {
-constexpr QFile::Permissions OwnerOnlyFolder =
-    QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadUser | QFile::WriteUser |
-    QFile::ExeUser;
+constexpr QFile::Permissions OwnerOnlyFolder = QFile::ReadOwner | QFile::WriteOwner |
+                                               QFile::ExeOwner | QFile::ReadUser |
+                                               QFile::WriteUser | QFile::ExeUser;
 constexpr QFile::Permissions OwnerOnlyFile =
     QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
 } // namespace
@@ -59,7 +59,8 @@ bool CreatePrivateFile(const QString& path, QString* reason)
 bool IsWritable(const QString& path)
 {
     const QFileInfo info(path);
-    constexpr QFile::Permissions anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    constexpr QFile::Permissions anyWrite =
+        QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return info.isWritable() && (info.permissions() & anyWrite);
 }
 

@@ -45,10 +45,10 @@ qint64 Orphans()
     {
         const char* table;
         const char* column;
-    } owned[] = {{"CourseOrder", "CourseID"},    {"GradingPolicy", "CourseID"},
+    } owned[] = {{"CourseOrder", "CourseID"},        {"GradingPolicy", "CourseID"},
                  {"GradingPolicyGrade", "CourseID"}, {"CwType", "CourseID"},
-                 {"CwTypeOrder", "CourseID"},    {"Coursework", "CourseID"},
-                 {"Time", "ForeignRecordID"},    {"Textbook", "CourseID"},
+                 {"CwTypeOrder", "CourseID"},        {"Coursework", "CourseID"},
+                 {"Time", "ForeignRecordID"},        {"Textbook", "CourseID"},
                  {"TextbookOrder", "CourseID"}};
     qint64 orphans = 0;
     for (const auto& rows : owned)
@@ -102,8 +102,8 @@ bool CourseIsWhole(quint32 id, const QString& details, double grade)
                        sqlite3_column_double(stmt, 1);
     if (stmt)
         sqlite3_reset(stmt);
-    stmt = CDataTable::GetMount()->Statement("SELECT Weight FROM CwType WHERE CourseID = " +
-                                             course);
+    stmt =
+        CDataTable::GetMount()->Statement("SELECT Weight FROM CwType WHERE CourseID = " + course);
     while (stmt && sqlite3_step(stmt) == SQLITE_ROW)
         offsets << sqlite3_column_double(stmt, 0);
     if (stmt)

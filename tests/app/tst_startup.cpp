@@ -40,7 +40,8 @@ QByteArray Hash(const QString& path)
 QMap<QString, QByteArray> Contents(const QString& folder)
 {
     QMap<QString, QByteArray> contents;
-    for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+    for (const QFileInfo& info :
+         QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
         contents.insert(info.fileName(), info.isDir() ? QByteArray("dir") : Hash(info.filePath()));
     return contents;
 }
@@ -71,8 +72,7 @@ void CloseDatabase()
 bool MakeBrindleFile(const QString& path)
 {
     CCeMount* mount = CDataTable::GetMount();
-    const bool ok = mount->MountPath(path) && CreateDatabase() &&
-                    Records::Course(u"Before"_s) != 0;
+    const bool ok = mount->MountPath(path) && CreateDatabase() && Records::Course(u"Before"_s) != 0;
     mount->Unmount();
     return ok;
 }

@@ -127,7 +127,9 @@ SavePath EditCoursework(int step, quint32 course)
     dialog->OnInitDialog();
     TypeInto(dialog->InfoPage()->ScoreEdit(), QString::number(score));
     return {std::unique_ptr<QDialog>(dialog), [dialog] { return Accept(*dialog); },
-            [dialog, score] { return dialog->InfoPage()->ScoreEdit()->text() == QString::number(score); },
+            [dialog, score] {
+                return dialog->InfoPage()->ScoreEdit()->text() == QString::number(score);
+            },
             [id, course, score] {
                 CCourseworkTable item;
                 item.Open();
@@ -140,13 +142,13 @@ SavePath EditCoursework(int step, quint32 course)
 
 SavePath GradingPolicy(quint32 course)
 {
-    const int weighting = (CGradingPolicyTable::GetWeightingFromCourseID(course) + 1) % 3;
+    const int weighting = (int(CGradingPolicyTable::GetWeightingFromCourseID(course)) + 1) % 3;
     auto* dialog = new GradingDlg(course);
     dialog->SetWeighting(weighting);
     return {std::unique_ptr<QDialog>(dialog), [dialog] { return Accept(*dialog); },
             [dialog, weighting] { return dialog->Weighting() == weighting; },
             [course, weighting] {
-                return CGradingPolicyTable::GetWeightingFromCourseID(course) == weighting;
+                return int(CGradingPolicyTable::GetWeightingFromCourseID(course)) == weighting;
             }};
 }
 
@@ -243,7 +245,7 @@ void TestSaveFailures::failureAtEveryStep()
     int refused = 0;
     for (int step = 0;; ++step) {
         QVERIFY2(step < 400, "the save never got past the failing step");
-        SavePath save = path == u"new course"_s      ? NewCourse(step)
+        SavePath save = path == u"new course"_s       ? NewCourse(step)
                         : path == u"coursework"_s     ? EditCoursework(step, course)
                         : path == u"grading policy"_s ? GradingPolicy(course)
                         : path == u"institution"_s    ? Institution(step)

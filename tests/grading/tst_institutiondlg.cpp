@@ -525,7 +525,8 @@ void TestInstitutionDlg::failedWriteChangesNothing()
 
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
     // SQLite's reason is the trigger's own message.
-    QCOMPARE(answers.Texts(), QStringList{ControlStrings::ChangeNotSaved(QStringLiteral("refused"))});
+    QCOMPARE(answers.Texts(),
+             QStringList{ControlStrings::ChangeNotSaved(QStringLiteral("refused"))});
     QCOMPARE(StoredScale(), before);
     QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
     QCOMPARE(StoredGpaInfo().hours, 0.0);

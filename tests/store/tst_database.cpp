@@ -58,9 +58,10 @@ QString PlainIntegrityCheck(const QString& path)
     if (sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
             SQLITE_OK &&
         sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &stmt, nullptr) == SQLITE_OK) {
-        result = sqlite3_step(stmt) == SQLITE_ROW
-                     ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)))
-                     : QString::fromUtf8(sqlite3_errmsg(db));
+        result =
+            sqlite3_step(stmt) == SQLITE_ROW
+                ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)))
+                : QString::fromUtf8(sqlite3_errmsg(db));
     } else {
         result = QString::fromUtf8(sqlite3_errmsg(db));
     }
@@ -302,8 +303,10 @@ void TestDatabaseFile::namesCompareWithoutCaseInEveryScript_data()
     QTest::addColumn<QString>("sought");
     QTest::newRow("ASCII") << u"Latin"_s << u"LATIN"_s;
     QTest::newRow("accented") << u"\u00C9cole d'\u00E9t\u00E9"_s << u"\u00E9COLE D'\u00C9T\u00C9"_s;
-    QTest::newRow("Greek") << u"\u03A3\u03BF\u03C6\u03AF\u03B1"_s << u"\u03C3\u039F\u03A6\u038A\u0391"_s;
-    QTest::newRow("Cyrillic") << u"\u0425\u0438\u043C\u0438\u044F"_s << u"\u0445\u0418\u041C\u0418\u042F"_s;
+    QTest::newRow("Greek") << u"\u03A3\u03BF\u03C6\u03AF\u03B1"_s
+                           << u"\u03C3\u039F\u03A6\u038A\u0391"_s;
+    QTest::newRow("Cyrillic") << u"\u0425\u0438\u043C\u0438\u044F"_s
+                              << u"\u0445\u0418\u041C\u0418\u042F"_s;
 }
 
 void TestDatabaseFile::namesCompareWithoutCaseInEveryScript()

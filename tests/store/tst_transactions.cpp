@@ -93,7 +93,8 @@ void TestTransactions::commitBlockedByAReaderRollsBackAndIsReported()
     OtherConnection reader(db.Path());
     // A reader in the middle of its transaction: COMMIT cannot get the file.
     QVERIFY(reader.Run("BEGIN; SELECT count(*) FROM Course;"));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"SQLite error \\d+ .*locked.* in: COMMIT"_s));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"SQLite error \\d+ .*locked.* in: COMMIT"_s));
     {
         CTransaction transaction;
         Records::Course(u"Lost"_s);
@@ -133,7 +134,8 @@ void TestTransactions::aFailedPartFailsTheWhole()
     CAppStateTable& state = CAppStateTable::Instance();
     const int showDone = state.GetShowDone();
     if (sqliteError)
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"SQLite error \\d+ \\(refused\\)"_s));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"SQLite error \\d+ \\(refused\\)"_s));
     {
         CTransaction outer;
         state.SetShowDone(showDone ? 0 : 1);
@@ -250,8 +252,9 @@ void TestTransactions::readErrorIsNotAnEmptyRange()
 
     QVERIFY(CDataTable::GetMount()->Execute("DROP TABLE Time"));
     // Logged with the result code, SQLite's words and the statement.
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"SQLite error \\d+ \\(no such table: Time\\) in: SELECT"_s));
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(u"SQLite error \\d+ \\(no such table: Time\\) in: SELECT"_s));
     CTransaction transaction;
     QCOMPARE(times.MoveFirst(1), 0);
     QVERIFY(times.ReadFailed());
