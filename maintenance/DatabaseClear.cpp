@@ -40,13 +40,20 @@ qint64 CourseOrderCount()
 MaintenanceResult RemoveEveryCourse()
 {
     CTransaction transaction;
-    for (quint32 courseId : AllCourses())
-        RemoveCourse(courseId);
-    // A course left behind means a removal failed; the scope then rolls back.
-    if (CourseOrderCount() == 0 && transaction.Commit())
+    bool removed = true;
+    for (quint32 courseId : AllCourses()) {
+        if (!RemoveCourse(courseId)) {
+            removed = false;
+            break;
+        }
+    }
+    // A course left behind also means a removal failed; the scope then rolls back.
+    if (removed && CourseOrderCount() == 0 && transaction.Commit())
         return MaintenanceResult::Done();
-    return MaintenanceResult::Failed(DatabaseStrings::CannotWriteFile(
-        GetDatabasePath(), QString::fromUtf8(sqlite3_errmsg(CDataTable::GetMount()->Handle()))));
+    QString reason = CTransaction::LastFailure();
+    if (reason.isEmpty())
+        reason = QString::fromUtf8(sqlite3_errmsg(CDataTable::GetMount()->Handle()));
+    return MaintenanceResult::Failed(DatabaseStrings::CannotWriteFile(GetDatabasePath(), reason));
 }
 
 } // namespace

@@ -19,8 +19,9 @@ MaintenanceResult Mount()
     if (!mount->IsMounted() && !mount->MountPath(path))
         return MaintenanceResult::Failed(mount->GetLastError());
     if (!CreateDatabase()) {
+        const QString reason = mount->GetFailure();
         mount->Unmount();
-        return MaintenanceResult::Failed(StoreStrings::CannotCreateTables(path));
+        return MaintenanceResult::Failed(StoreStrings::CannotCreateTables(path, reason));
     }
     return MaintenanceResult::Done();
 }
