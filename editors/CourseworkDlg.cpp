@@ -310,12 +310,20 @@ bool CourseworkDlg::OnOK()
     QStringList failures;
     {
         // The save and the links of the export land together.
+        const double score = m_score;
+        const double possible = m_possible;
         CTransaction transaction;
         if (!Save())
             return false;
         failures = m_export->Export(m_courseworkId);
-        if (!transaction.Commit())
+        if (!transaction.Commit()) {
+            // Nothing was kept: compare the next OK with what the file holds.
+            m_coursework.Reload();
+            m_score = score;
+            m_possible = possible;
+            BrindleMessageBox::WarnNotSaved(this);
             return false;
+        }
     }
     // Reported once the coursework is safely saved; they do not undo it.
     for (const QString& failure : failures)

@@ -55,8 +55,12 @@ inline QStringList Dump(const QString& path)
     }
     QStringList tables;
     sqlite3_stmt* stmt = nullptr;
-    sqlite3_prepare_v2(db, "SELECT name FROM sqlite_schema WHERE type = 'table' ORDER BY name", -1,
-                       &stmt, nullptr);
+    // Every mount reserves a fresh block of record ids, so the id sequence
+    // moves on without any record changing; it is bookkeeping, not content.
+    sqlite3_prepare_v2(db,
+                       "SELECT name FROM sqlite_schema WHERE type = 'table' "
+                       "AND name <> 'RecordIdSequence' ORDER BY name",
+                       -1, &stmt, nullptr);
     while (sqlite3_step(stmt) == SQLITE_ROW)
         tables << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
     sqlite3_finalize(stmt);
