@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "res/strings/AppStrings.h"
+#include "res/strings/TodayStrings.h"
 
 #include <QCommandLineParser>
 
@@ -16,7 +17,9 @@ CommandLine CommandLine::Parse(const QCoreApplication& app)
     const QCommandLineOption quitAfterShow(QStringLiteral("quit-after-show"),
                                            AppStrings::OptionQuitAfterShow());
     const QCommandLineOption demo(QStringLiteral("demo"), AppStrings::OptionDemo());
-    parser.addOptions({database, screenshot, quitAfterShow, demo});
+    const QCommandLineOption coursework(QStringLiteral("coursework"),
+                                        TodayStrings::OptionCoursework(), QStringLiteral("ID"));
+    parser.addOptions({database, screenshot, quitAfterShow, demo, coursework});
     parser.process(app);
 
     CommandLine result;
@@ -24,5 +27,7 @@ CommandLine CommandLine::Parse(const QCoreApplication& app)
     result.screenshot = parser.value(screenshot);
     result.quitAfterShow = parser.isSet(quitAfterShow);
     result.demo = parser.isSet(demo);
+    // An id that is not a number opens nothing, like an id of no record.
+    result.coursework = parser.value(coursework).toUInt();
     return result;
 }

@@ -9,6 +9,7 @@
 #include "res/strings/AppStrings.h"
 #include "res/strings/PlannerStrings.h"
 #include "res/strings/ExportStrings.h"
+#include "res/strings/TodayStrings.h"
 
 #include <QAction>
 #include <QApplication>
@@ -83,6 +84,7 @@ void CMainFrame::BuildActions()
     m_predictionOptions = MakeAction(AppStrings::PredictionOptions(), "actionPredictionOptions");
     m_togglePrediction = MakeAction(AppStrings::TurnOn(), "actionTogglePrediction");
     m_help = MakeAction(AppStrings::HelpContents(), "actionHelp");
+    m_todayCompanion = MakeAction(TodayStrings::CompanionMenuItem(), "actionTodayCompanion");
     m_help->setShortcut(QKeySequence::HelpContents);
     m_quit = MakeAction(AppStrings::Quit(), "actionQuit");
     m_quit->setShortcut(QKeySequence::Quit);
@@ -113,6 +115,7 @@ void CMainFrame::BuildMenus()
         {m_semester, m_tabOrder, m_buildings, m_allInstructors, m_institution, m_reportCard});
     m_toolsMenu->addSeparator();
     m_toolsMenu->addAction(m_gradePlanner);
+    m_toolsMenu->addAction(m_todayCompanion);
     // Beyond the program's own commands: where exported items are written.
     m_toolsMenu->addSeparator();
     m_toolsMenu->addAction(m_exportFolders);

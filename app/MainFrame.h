@@ -85,6 +85,7 @@ private:
     QAction* m_predictionOptions = nullptr;
     QAction* m_togglePrediction = nullptr;
     QAction* m_help = nullptr;
+    QAction* m_todayCompanion = nullptr;
     QAction* m_quit = nullptr;
 
     QMenu* m_courseMenuNoCourse = nullptr;

@@ -1,6 +1,7 @@
 #include "MainFrame.h"
 
 #include "BrindleData.h"
+#include "TodayCompanionDlg.h"
 #include "controls/DialogRunner.h"
 #include "controls/MessageBox.h"
 #include "grading/PredictionStore.h"
@@ -13,6 +14,11 @@
 // Semesters, database maintenance, course order and tab order.
 void CMainFrame::WireMaintenanceCommands()
 {
+    Connect(m_todayCompanion, [this] {
+        TodayCompanionDlg dialog(this);
+        DialogRunner::Run(dialog);
+    });
+
     Connect(m_semester, [this] {
         SemesterDlg dialog(this);
         if (DialogRunner::Run(dialog) != QDialog::Accepted)

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <cstdio>
 #include <optional>
@@ -75,6 +76,10 @@ int main(int argc, char* argv[])
                 result = 1;
             }
         } else {
+            if (options.coursework != 0)
+                QTimer::singleShot(0, &frame, [&frame, &options] {
+                    frame.OpenCoursework(options.coursework);
+                });
             result = QApplication::exec();
         }
     }

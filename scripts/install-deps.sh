@@ -7,7 +7,7 @@ packages=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev qt6-qpa-plugins qt6-svg-dev qt6-tools-dev qt6-l10n-tools libgl-dev
     libsqlite3-dev sqlite3 libical-dev
-    xvfb xauth fonts-dejavu-core
+    xvfb xauth fonts-dejavu-core dbus
     # The export is checked by the clients that read it and by a sync to a server.
     todoman khal khard vdirsyncer radicale tzdata
 )
