@@ -119,9 +119,9 @@ private slots:
         QCOMPARE(lines[1].indexOf(QStringLiteral("Reading")), column);
         QCOMPARE(lines[2].indexOf(QStringLiteral("Quiz")), column);
 
-        QJsonParseError error;
-        const QJsonDocument document = QJsonDocument::fromJson(DueListFormat::Json(list.Items()), &error);
-        QCOMPARE(error.error, QJsonParseError::NoError);
+        QJsonParseError parse;
+        const QJsonDocument document = QJsonDocument::fromJson(DueListFormat::Json(list.Items()), &parse);
+        QCOMPARE(parse.error, QJsonParseError::NoError);
         const QJsonArray array = document.array();
         QCOMPARE(array.size(), 3);
         for (int i = 0; i < 3; ++i) {

@@ -64,7 +64,8 @@ private slots:
                    " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
                    "<busconfig><type>session</type><listen>unix:dir=" +
                    m_dir.path().toUtf8() +
-                   "</listen><policy context=\"default\"><allow send_destination=\"*\"/>"
+                   "</listen><auth>EXTERNAL</auth><policy context=\"default\">"
+                   "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
                    "<allow own=\"*\"/></policy></busconfig>\n");
         file.close();
         m_daemon.start(QStringLiteral("dbus-daemon"),
