@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QMenu>
 #include <QPainter>
 #include <QPixmap>
@@ -35,14 +36,15 @@ QIcon PastDueIcon()
 
 } // namespace
 
-CTodayTray::CTodayTray(const QString& databasePath, int days, CDueNotifier* notifier,
-                       QObject* parent)
+CTodayTray::CTodayTray(const QString& databasePath, const QString& settingsFile, int days,
+                       CDueNotifier* notifier, QObject* parent)
     : QObject(parent)
     , m_databasePath(databasePath)
     , m_days(days)
     , m_notifier(notifier)
     , m_menu(std::make_unique<QMenu>())
     , m_icon(new QSystemTrayIcon(QIcon(QStringLiteral(":/images/brindle.svg")), this))
+    , m_switch(settingsFile)
 {
     m_icon->setContextMenu(m_menu.get());
     connect(m_menu.get(), &QMenu::triggered, this, [this](QAction* action) {
@@ -61,6 +63,34 @@ CTodayTray::CTodayTray(const QString& databasePath, int days, CDueNotifier* noti
     });
     m_timer.setInterval(60 * 1000);
     connect(&m_timer, &QTimer::timeout, this, &CTodayTray::Refresh);
+
+    // A save comes as several changes (a restore renames, copies, renames):
+    // wait until they settle, well within the second.
+    m_settle.setSingleShot(true);
+    m_settle.setInterval(200);
+    connect(&m_settle, &QTimer::timeout, this, [this] {
+        Watch();
+        Refresh();
+    });
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_settle, qOverload<>(&QTimer::start));
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_settle,
+            qOverload<>(&QTimer::start));
+    Watch();
+}
+
+// The folders too: a file replaced by a rename drops out of the watch, and
+// a settings file made later must still be seen.
+void CTodayTray::Watch()
+{
+    for (const QString& file : {m_databasePath, m_switch.File()}) {
+        const QFileInfo info(file);
+        QStringList paths{info.absolutePath()};
+        if (info.exists())
+            paths << info.absoluteFilePath();
+        for (const QString& path : paths)
+            if (!m_watcher.files().contains(path) && !m_watcher.directories().contains(path))
+                m_watcher.addPath(path);
+    }
 }
 
 CTodayTray::~CTodayTray() = default;
@@ -77,9 +107,12 @@ void CTodayTray::Refresh()
     const QDateTime now = QDateTime::currentDateTime();
     CDueList list;
     QString status;
+    const std::optional<quint32> enabled = m_switch.Enabled();
     // Each refresh opens the file afresh and lets go of it at once: Brindle
     // may back it up or replace it at any time.
-    if (ReadOnlyDatabase::Mount(m_databasePath, &status) && !list.Read(now, m_days))
+    if (enabled && *enabled == 0)
+        status = TodayStrings::Paused();
+    else if (ReadOnlyDatabase::Mount(m_databasePath, &status) && !list.Read(now, m_days))
         status = list.ErrorText();
     ReadOnlyDatabase::Unmount();
     if (m_notifier && status.isEmpty())

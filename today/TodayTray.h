@@ -1,7 +1,9 @@
 #pragma once
 
 #include "DueItem.h"
+#include "app/TodaySwitch.h"
 
+#include <QFileSystemWatcher>
 #include <QIcon>
 #include <QObject>
 #include <QTimer>
@@ -15,15 +17,18 @@ class QSystemTrayIcon;
 
 // The companion's tray icon: its menu lists what is due (past due first,
 // marked red); choosing an item starts Brindle on that coursework. The list
-// is read again every minute, so that items pass into "past due" on time.
+// is read again every minute, so that items pass into "past due" on time,
+// and within a second of a change of the database or of Brindle's settings
+// file. While the settings say "Enabled" = 0 (Brindle is replacing the
+// database) the companion does not open the database and shows "paused".
 class CTodayTray : public QObject
 {
     Q_OBJECT
 
 public:
     // `notifier` may be null: no desktop notices.
-    CTodayTray(const QString& databasePath, int days, CDueNotifier* notifier,
-               QObject* parent = nullptr);
+    CTodayTray(const QString& databasePath, const QString& settingsFile, int days,
+               CDueNotifier* notifier, QObject* parent = nullptr);
     ~CTodayTray() override;
 
     void Show();
@@ -38,6 +43,7 @@ public:
 
 private:
     void Launch(const QStringList& arguments);
+    void Watch();
 
     QString m_databasePath;
     int m_days;
@@ -45,4 +51,7 @@ private:
     std::unique_ptr<QMenu> m_menu;
     QSystemTrayIcon* m_icon;
     QTimer m_timer;
+    CTodaySwitch m_switch;
+    QFileSystemWatcher m_watcher;
+    QTimer m_settle;
 };

@@ -99,7 +99,8 @@ int main(int argc, char* argv[])
     QObject::connect(&notifier, &CDueNotifier::Failed, [](const QString& reason) {
         std::fprintf(stderr, "%s\n", qPrintable(reason));
     });
-    CTodayTray tray(GetDatabasePath(), dayCount, notices ? &notifier : nullptr);
+    CTodayTray tray(GetDatabasePath(), CTodaySwitch::DefaultFile(), dayCount,
+                    notices ? &notifier : nullptr);
     tray.Show();
     return QCoreApplication::exec();
 }
