@@ -79,7 +79,7 @@ inline QString BadNotify(const QString& value)
 // Brindle's own dialog about the companion (Tools menu).
 inline QString CompanionMenuItem()
 {
-    return BrindleText::tr("Today &Companion...");
+    return BrindleText::tr("Today Companion...");
 }
 inline QString CompanionTitle()
 {

@@ -103,7 +103,8 @@ void TestMainFrame::toolsAndPredictionMenus()
              QStringList({u"About Brindle..."_s, u"Database..."_s, u"-"_s, u"Semester..."_s,
                           u"Tab Order..."_s, u"Buildings..."_s, u"All Instructors..."_s,
                           u"Institution..."_s, u"Report Card..."_s, u"-"_s,
-                          u"Grade Planner..."_s, u"-"_s, u"Export Folders..."_s}));
+                          u"Grade Planner..."_s, u"Today Companion..."_s, u"-"_s,
+                          u"Export Folders..."_s}));
     QCOMPARE(MenuTexts(menus.at(2)->menu()), QStringList({u"Options..."_s, u"Turn On"_s}));
 }
 
