@@ -1,7 +1,8 @@
 #include "TodaySwitch.h"
 
+#include "store/SettingsFile.h"
+
 #include <QSettings>
-#include <QStandardPaths>
 
 namespace {
 const QString EnabledKey = QStringLiteral("Today/Enabled");
@@ -9,13 +10,7 @@ const QString EnabledKey = QStringLiteral("Today/Enabled");
 
 QString CTodaySwitch::DefaultFile()
 {
-    const QString fromEnvironment = qEnvironmentVariable("BRINDLE_SETTINGS");
-    if (!fromEnvironment.isEmpty())
-        return fromEnvironment;
-    // A fixed folder, not the application's own: the companion is another
-    // program with another name and must find the same file.
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Brindle/Brindle.ini");
+    return GetSettingsPath();
 }
 
 CTodaySwitch::CTodaySwitch(const QString& file) : m_file(file) {}

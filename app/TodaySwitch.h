@@ -8,12 +8,11 @@
 // Brindle's own settings file (INI). Non-zero means the companion shows its
 // item and reads the database; while it is 0 the companion lets go of the
 // database. A change of the file is the notice the companion watches for.
-// Qt Core only, so that the companion can use it too.
+// No widgets, so that the companion can use it too.
 class CTodaySwitch
 {
 public:
-    // The settings file: the environment's BRINDLE_SETTINGS, else Brindle.ini
-    // in Brindle's folder of the user's configuration (~/.config/Brindle).
+    // Brindle's settings file, as GetSettingsPath() names it.
     static QString DefaultFile();
 
     explicit CTodaySwitch(const QString& file = DefaultFile());

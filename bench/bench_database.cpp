@@ -6,8 +6,7 @@
 //
 // Prints one line per figure: NAME: median_ms=X floor_ms=Y ratio=Z
 // Build it in Release.
-#include "BrindleData.h"
-#include "app/DemoDatabase.h"
+#include "BenchSupport.h"
 #include "app/MainFrame.h"
 #include "maintenance/DatabaseBackup.h"
 #include "maintenance/DatabaseClear.h"
@@ -16,46 +15,14 @@
 #include "res/Resources.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
-#include <functional>
-#include <vector>
-
 namespace {
 
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-// Times work alone; prepare runs before each run, untimed.
-double TimeIt(int runs, const std::function<void()>& work,
-              const std::function<void()>& prepare = {})
-{
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        if (prepare)
-            prepare();
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        times.push_back(timer.nsecsElapsed() / 1e6);
-    }
-    return Median(times);
-}
-
-void Report(const char* name, double median, double floor)
-{
-    std::printf("%s: median_ms=%.3f floor_ms=%.3f ratio=%.2f\n", name, median, floor,
-                median / floor);
-    std::fflush(stdout);
-}
+using BenchSupport::MedianMs;
+using BenchSupport::Report;
 
 bool Check(const MaintenanceResult& result, const char* step)
 {
@@ -80,7 +47,7 @@ int main(int argc, char* argv[])
     if (!Check(DatabaseVolume::Reopen(), "mount"))
         return 1;
 
-    const DemoSize size{40, 320, 20000, 8, 600};
+    const DemoSize size = BenchSupport::GeneratedSize;
     if (!BuildDemoDatabase(QDate::currentDate(), size))
         return 1;
     CAppStateTable& state = CAppStateTable::Instance();
@@ -94,29 +61,29 @@ int main(int argc, char* argv[])
                 size.courses, size.coursework, static_cast<long long>(QFileInfo(path).size()));
 
     constexpr int Runs = 11;
-    const double copy = TimeIt(
+    const double copy = MedianMs(
         Runs, [&] { QFile::copy(path, plainCopy); }, [&] { QFile::remove(plainCopy); });
 
     bool ok = true;
-    const double backupTime = TimeIt(
+    const double backupTime = MedianMs(
         Runs, [&] { ok = Check(DatabaseBackup::Backup(path, backup), "backup") && ok; },
         [&] { QFile::remove(backup); });
     Report("backup", backupTime, copy);
 
     auto refresh = [&](const char* name) {
         ok = Check(DatabaseVolume::Reopen(), "reopen") && ok;
-        Report(name, TimeIt(Runs, [&] { frame.RefreshAll(); }), 50.0);
+        Report(name, MedianMs(Runs, [&] { frame.RefreshAll(); }), 50.0);
         DatabaseVolume::Release();
     };
     refresh("refresh_after_backup");
 
     const double restoreTime =
-        TimeIt(Runs, [&] { ok = Check(DatabaseRestore::Restore(backup), "restore") && ok; });
+        MedianMs(Runs, [&] { ok = Check(DatabaseRestore::Restore(backup), "restore") && ok; });
     Report("restore", restoreTime, copy);
     refresh("refresh_after_restore");
 
     // Each clear starts from the full database again.
-    const double clearTime = TimeIt(
+    const double clearTime = MedianMs(
         5, [&] { ok = Check(DatabaseClear::Clear(), "clear") && ok; },
         [&] { ok = Check(DatabaseRestore::Restore(backup), "restore") && ok; });
     Report("clear", clearTime, 1000.0);

@@ -1,31 +1,12 @@
 // Times the grade of a large course and the cumulative GPA of many courses,
 // each on a temporary database the benchmark fills itself. Prints medians.
-#include "BrindleData.h"
+#include "BenchSupport.h"
 #include "grading/Grading.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
-#include <functional>
-#include <vector>
-
 namespace {
-
-double MedianMs(int runs, const std::function<void()>& work)
-{
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        times.push_back(timer.nsecsElapsed() / 1e6);
-    }
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
 
 quint32 NewCourse(quint32 semesterId, quint16 position, double grade, double hours)
 {
@@ -146,7 +127,7 @@ int main(int argc, char** argv)
     if (!MountFresh(dir.filePath(QStringLiteral("course.db"))))
         return 1;
     const quint32 courseId = FillLargeCourse();
-    const double recompute = MedianMs(21, [&] { RecomputeCourseGrade(courseId); });
+    const double recompute = BenchSupport::MedianMs(21, [&] { RecomputeCourseGrade(courseId); });
     std::printf(
         "recompute_course_grade: median_ms=%.3f (200 coursework, 8 types with drops; grade %.4f)\n",
         recompute, GetCourseGrade(courseId));
@@ -155,7 +136,7 @@ int main(int argc, char** argv)
         return 1;
     FillManyCourses();
     double gpa = 0.0;
-    const double cumulative = MedianMs(21, [&] { gpa = GetCumulativeGPA(true); });
+    const double cumulative = BenchSupport::MedianMs(21, [&] { gpa = GetCumulativeGPA(true); });
     std::printf("cumulative_gpa: median_ms=%.3f (320 courses; GPA %.4f)\n", cumulative, gpa);
 
     CAppStateTable::Instance().Close();

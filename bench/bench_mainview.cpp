@@ -5,10 +5,9 @@
 // Prints one line per figure: NAME: median_ms=X floor_ms=Y ratio=Z
 // Build it in Release: a Debug build measures Qt's unoptimised inlines, not
 // the program's work.
-#include "BrindleData.h"
+#include "BenchSupport.h"
 #include "app/CourseworkListFill.h"
 #include "app/CourseworkListModel.h"
-#include "app/DemoDatabase.h"
 #include "app/GradeBarText.h"
 
 #include <QCoreApplication>
@@ -27,31 +26,15 @@ namespace {
 
 constexpr int Runs = 41;
 
-double Median(std::vector<double> values)
+// The median of Runs runs after one untimed run that warms the statement
+// cache and the page cache.
+double TimeIt(const std::function<void()>& work)
 {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+    work();
+    return BenchSupport::MedianMs(Runs, work);
 }
 
-double TimeIt(const std::function<void()>& work, int runs = Runs)
-{
-    work(); // warm the statement cache and the page cache
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        times.push_back(timer.nsecsElapsed() / 1e6);
-    }
-    return Median(times);
-}
-
-void Report(const char* name, double median, double floor)
-{
-    std::printf("%s: median_ms=%.3f floor_ms=%.3f ratio=%.2f\n", name, median, floor,
-                median / floor);
-    std::fflush(stdout);
-}
+using BenchSupport::Report;
 
 // The rows a list of the working semester reads, straight from SQLite into
 // the least a row needs.
@@ -163,7 +146,7 @@ double TimeProcess(const QString& program, const QStringList& arguments, int run
         }
         times.push_back(timer.nsecsElapsed() / 1e6);
     }
-    return Median(times);
+    return BenchSupport::Median(times);
 }
 
 } // namespace
@@ -173,18 +156,13 @@ int main(int argc, char* argv[])
     QCoreApplication app(argc, argv);
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Brindle.db"));
-    SetDatabasePath(path);
-    CCeMount* mount = CDataTable::GetMount();
-    if (!mount->MountPath(path) || !CreateDatabase() || !CAppStateTable::Instance().OpenState())
-        return 1;
-
     QElapsedTimer generation;
     generation.start();
-    // 40 semesters, 320 courses, 20,000 coursework; the working semester holds 8 and 600.
-    const DemoSize size{40, 320, 20000, 8, 600};
-    const QDate today = QDate::currentDate();
-    if (!BuildDemoDatabase(today, size))
+    if (!BenchSupport::MountGenerated(path))
         return 1;
+    const DemoSize size = BenchSupport::GeneratedSize;
+    const QDate today = QDate::currentDate();
+    CCeMount* mount = CDataTable::GetMount();
     std::printf("# generated %d semesters, %d courses, %d coursework in %lld ms\n", size.semesters,
                 size.courses, size.coursework, static_cast<long long>(generation.elapsed()));
 

@@ -2,35 +2,14 @@
 // database (the one bench_mainview uses): every grade's "what do I need",
 // the best and the worst case. Goal: under 5 ms. Prints medians; build it in
 // Release.
-#include "BrindleData.h"
-#include "app/DemoDatabase.h"
+#include "BenchSupport.h"
 #include "grading/GradePlanner.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
-#include <functional>
-#include <vector>
-
 namespace {
-
-double MedianMs(int runs, const std::function<void()>& work)
-{
-    work(); // warm the statement cache and the page cache
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        times.push_back(timer.nsecsElapsed() / 1e6);
-    }
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
 
 // The course with the most coursework.
 std::pair<quint32, int> LargestCourse()
@@ -67,17 +46,12 @@ int main(int argc, char* argv[])
     QCoreApplication app(argc, argv);
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Brindle.db"));
-    SetDatabasePath(path);
-    CCeMount* mount = CDataTable::GetMount();
-    if (!mount->MountPath(path) || !CreateDatabase() || !CAppStateTable::Instance().OpenState())
-        return 1;
-    // The database of bench_mainview: 40 semesters, 320 courses, 20,000 coursework.
-    if (!BuildDemoDatabase(QDate::currentDate(), DemoSize{40, 320, 20000, 8, 600}))
+    if (!BenchSupport::MountGenerated(path))
         return 1;
 
     const auto [courseId, count] = LargestCourse();
-    int answered = 0;
-    const double plan = MedianMs(41, [&] { answered = Plan(courseId); });
+    int answered = Plan(courseId); // warms the statement and page caches
+    const double plan = BenchSupport::MedianMs(41, [&] { answered = Plan(courseId); });
     std::printf("grade_planner_largest_course: median_ms=%.3f goal_ms=5 (%d coursework, %d "
                 "grades to work for)\n",
                 plan, count, answered);
@@ -98,11 +72,11 @@ int main(int argc, char* argv[])
         }
         transaction.Commit();
     }
-    const double withDrops = MedianMs(11, [&] { answered = Plan(courseId); });
+    const double withDrops = BenchSupport::MedianMs(11, [&] { answered = Plan(courseId); });
     std::printf("grade_planner_largest_course_with_drops: median_ms=%.3f (every percent tried)\n",
                 withDrops);
 
     CAppStateTable::Instance().Close();
-    mount->Unmount();
+    CDataTable::GetMount()->Unmount();
     return 0;
 }

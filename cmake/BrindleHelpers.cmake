@@ -20,6 +20,7 @@ function(brindle_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE brindle_options Qt6::Test ${ARG_LIBS})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+    brindle_precompile(${name} REUSE_FROM brindle_test_support)
     # Tests read the staged data files (help, grade scales) as the program does.
     foreach(data brindle_help brindle_data)
         if(TARGET ${data})
@@ -46,4 +47,27 @@ function(brindle_stage_data target)
     endforeach()
     add_custom_target(${target} ALL DEPENDS ${outputs})
     install(FILES ${ARGN} DESTINATION ${CMAKE_INSTALL_DATADIR}/brindle)
+endfunction()
+
+# Precompiled Qt headers: a build from scratch (CI builds twice) spends more
+# than half its time reading Qt's headers. ccache cannot cache a compile that
+# uses them, so where ccache is found they are off unless asked for.
+if(CCACHE_PROGRAM)
+    set(brindle_pch_default OFF)
+else()
+    set(brindle_pch_default ON)
+endif()
+option(BRINDLE_PRECOMPILED_HEADERS "Precompile the Qt headers" ${brindle_pch_default})
+
+# brindle_precompile(TARGET HEADERS...) or brindle_precompile(TARGET REUSE_FROM OTHER).
+function(brindle_precompile target)
+    if(NOT BRINDLE_PRECOMPILED_HEADERS)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "REUSE_FROM" "HEADERS" ${ARGN})
+    if(ARG_REUSE_FROM)
+        target_precompile_headers(${target} REUSE_FROM ${ARG_REUSE_FROM})
+    else()
+        target_precompile_headers(${target} PRIVATE ${ARG_HEADERS})
+    endif()
 endfunction()

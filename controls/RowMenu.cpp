@@ -7,20 +7,22 @@
 #include <QTapAndHoldGesture>
 
 CRowMenu::CRowMenu(QAbstractItemView* view, Builder builder)
-    : QObject(view), m_view(view), m_builder(std::move(builder))
+    : QObject(view), m_view(view), m_viewport(view->viewport()), m_builder(std::move(builder))
 {
     // A mouse's request arrives at the viewport, the Menu key's at the view.
     view->setContextMenuPolicy(Qt::DefaultContextMenu);
-    view->viewport()->grabGesture(Qt::TapAndHoldGesture);
-    view->viewport()->installEventFilter(this);
+    m_viewport->grabGesture(Qt::TapAndHoldGesture);
+    m_viewport->installEventFilter(this);
     view->installEventFilter(this);
 }
 
 bool CRowMenu::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() != QEvent::ContextMenu && event->type() != QEvent::Gesture)
+        return QObject::eventFilter(watched, event);
     if (event->type() == QEvent::ContextMenu) {
         auto* request = static_cast<QContextMenuEvent*>(event);
-        if (watched == m_view->viewport()) {
+        if (watched == m_viewport) {
             Open(m_view->indexAt(request->pos()).row(), request->pos());
             return true;
         }
@@ -31,13 +33,13 @@ bool CRowMenu::eventFilter(QObject* watched, QEvent* event)
             return true;
         }
     }
-    if (watched == m_view->viewport() && event->type() == QEvent::Gesture) {
+    if (watched == m_viewport && event->type() == QEvent::Gesture) {
         auto* gestures = static_cast<QGestureEvent*>(event);
         if (auto* hold =
                 static_cast<QTapAndHoldGesture*>(gestures->gesture(Qt::TapAndHoldGesture))) {
             if (hold->state() == Qt::GestureFinished) {
                 const QPoint position =
-                    m_view->viewport()->mapFromGlobal(hold->position().toPoint());
+                    m_viewport->mapFromGlobal(hold->position().toPoint());
                 Open(m_view->indexAt(position).row(), position);
             }
             gestures->accept(hold);
@@ -50,5 +52,5 @@ bool CRowMenu::eventFilter(QObject* watched, QEvent* event)
 void CRowMenu::Open(int row, const QPoint& viewportPosition)
 {
     if (QMenu* menu = m_builder(row))
-        menu->popup(m_view->viewport()->mapToGlobal(viewportPosition));
+        menu->popup(m_viewport->mapToGlobal(viewportPosition));
 }

@@ -6,6 +6,7 @@
 
 class QAbstractItemView;
 class QMenu;
+class QWidget;
 
 // Opens a list's row menu the three ways a user asks for one: a right click
 // (on the row under the pointer), press-and-hold on a touch screen, and the
@@ -27,5 +28,8 @@ private:
     void Open(int row, const QPoint& viewportPosition);
 
     QAbstractItemView* m_view;
+    // Kept apart from m_view: events still reach the filter while the view is
+    // being destroyed, when calling into it is no longer allowed.
+    QWidget* m_viewport;
     Builder m_builder;
 };

@@ -128,7 +128,8 @@ void CListEditPage::ShowMenuAt(const QPoint& listPos)
 bool CListEditPage::eventFilter(QObject* watched, QEvent* event)
 {
     // Press-and-hold on a touch screen opens the same menu as a right click.
-    if (watched == m_list->viewport() && event->type() == QEvent::Gesture) {
+    // The type is asked first: the list may be half destroyed when other events arrive.
+    if (event->type() == QEvent::Gesture && watched == m_list->viewport()) {
         auto* gestures = static_cast<QGestureEvent*>(event);
         if (auto* hold =
                 static_cast<QTapAndHoldGesture*>(gestures->gesture(Qt::TapAndHoldGesture))) {

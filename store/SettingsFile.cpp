@@ -18,8 +18,8 @@ QString GetSettingsPath()
     const QString fromEnvironment = qEnvironmentVariable("BRINDLE_SETTINGS");
     if (!fromEnvironment.isEmpty())
         return fromEnvironment;
-    // The same file as the Today switch's (CTodaySwitch::DefaultFile), in a
-    // fixed folder that the companion program finds too.
+    // A fixed folder, not the application's own: the Today companion is
+    // another program with another name and must find the same file.
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/Brindle/Brindle.ini");
 }
