@@ -1,6 +1,8 @@
-// Restore: a file that is not a Brindle database this Brindle reads is
-// refused before anything moves; a restore that fails half-way puts the old
-// database back; restoring the database onto itself loses nothing.
+// Backup and restore. A backup is a copy proven by quick_check, readable by
+// its owner alone; a failed one leaves the target as it was. A file that is
+// not a Brindle database this Brindle reads is refused before anything moves;
+// a restore that fails half-way puts the old database back; restoring the
+// database onto itself loses nothing.
 #include "BrindleData.h"
 #include "MaintenanceFiles.h"
 #include "maintenance/DatabaseBackup.h"
@@ -55,6 +57,10 @@ private slots:
     void init();
     void cleanup();
 
+    void suggestedName();
+    void backupHoldsTheSameRecords();
+    void backupFailureLeavesTheTargetAsItWas_data();
+    void backupFailureLeavesTheTargetAsItWas();
     void replacesTheDatabase();
     void addsMissingTables();
     void refusesFilesItCannotUse_data();
@@ -101,6 +107,86 @@ void TestDatabaseRestore::VerifyOldDatabase()
     QVERIFY(DatabaseVolume::Reopen().ok);
     QCOMPARE(Records::Count("Course"), 1);
     DatabaseVolume::Release();
+}
+
+void TestDatabaseRestore::suggestedName()
+{
+    QCOMPARE(DatabaseBackup::SuggestedName(QDate(2005, 7, 4)), u"Brindle 7-4-2005.db"_s);
+    QCOMPARE(DatabaseBackup::SuggestedName(QDate(987, 12, 31)), u"Brindle 12-31-987.db"_s);
+}
+
+void TestDatabaseRestore::backupHoldsTheSameRecords()
+{
+    const TestDatabase& db = *m_db;
+    QVERIFY(DatabaseVolume::Reopen().ok);
+    const quint32 course = Records::Course(u"Geology"_s);
+    Records::Coursework(course, Records::CwType(course, u"Lab"_s), u"Core samples"_s, 8, 10);
+    Records::Semester(u"Spring 2025"_s);
+    DatabaseVolume::Release();
+
+    // An older backup of the same name is replaced; the user asked for it.
+    const QString target = db.Folder() + u"/Brindle 1-1-2006.db"_s;
+    QVERIFY(MaintenanceFiles::Write(target, "an older backup"));
+    QVERIFY(QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                              QFileDevice::ReadOther));
+
+    const MaintenanceResult result = DatabaseBackup::Backup(db.Path(), target);
+    QVERIFY2(result.ok, qPrintable(result.reason));
+    QCOMPARE(MaintenanceFiles::Dump(target), MaintenanceFiles::Dump(db.Path()));
+    QVERIFY(MaintenanceFiles::Dump(target).join(u'\n').contains(u"Core samples"_s));
+    QCOMPARE(QFileInfo(target).permissions(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                  QFileDevice::ReadUser | QFileDevice::WriteUser);
+    QVERIFY(!QFileInfo::exists(target + u".tmp"_s));
+
+    // Brindle itself opens the copy.
+    SetDatabasePath(target);
+    QVERIFY(DatabaseVolume::Reopen().ok);
+    QCOMPARE(Records::Count("Coursework"), 1);
+    DatabaseVolume::Release();
+    SetDatabasePath(db.Path());
+}
+
+void TestDatabaseRestore::backupFailureLeavesTheTargetAsItWas_data()
+{
+    QTest::addColumn<QByteArray>("database");
+    QTest::addColumn<QString>("obstacle");
+    QTest::addColumn<QString>("reasonPart");
+    QTest::newRow("database is not one")
+        << QByteArray("plain text") << QString() << u"not a database"_s;
+    QTest::newRow("database from another program")
+        << QByteArray("foreign") << QString() << u"another program"_s;
+    QTest::newRow("file at the temporary path") << QByteArray() << u"file"_s << u"in the way"_s;
+    QTest::newRow("folder at the temporary path") << QByteArray() << u"folder"_s << u"in the way"_s;
+}
+
+void TestDatabaseRestore::backupFailureLeavesTheTargetAsItWas()
+{
+    QFETCH(QByteArray, database);
+    QFETCH(QString, obstacle);
+    QFETCH(QString, reasonPart);
+    const TestDatabase& db = *m_db;
+    if (database == "foreign") {
+        QVERIFY(QFile::remove(db.Path()));
+        QVERIFY(MaintenanceFiles::Execute(db.Path(), "CREATE TABLE Photos (id INTEGER)"));
+    } else if (!database.isEmpty()) {
+        QVERIFY(MaintenanceFiles::Write(db.Path(), database));
+    }
+    const QString target = db.Folder() + u"/backup.db"_s;
+    const QString temporary = target + u".tmp"_s;
+    QVERIFY(MaintenanceFiles::Write(target, "the backup of last week"));
+    if (obstacle == u"file"_s)
+        QVERIFY(MaintenanceFiles::Write(temporary, "someone else's"));
+    else if (obstacle == u"folder"_s)
+        QVERIFY(QDir().mkdir(temporary));
+
+    const MaintenanceResult result = DatabaseBackup::Backup(db.Path(), target);
+    QVERIFY(!result.ok);
+    QVERIFY2(result.reason.contains(reasonPart), qPrintable(result.reason));
+    QCOMPARE(MaintenanceFiles::Read(target), QByteArray("the backup of last week"));
+    if (obstacle == u"file"_s)
+        QCOMPARE(MaintenanceFiles::Read(temporary), QByteArray("someone else's"));
+    else
+        QCOMPARE(QFileInfo::exists(temporary), obstacle == u"folder"_s);
 }
 
 void TestDatabaseRestore::replacesTheDatabase()

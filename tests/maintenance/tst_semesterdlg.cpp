@@ -1,6 +1,8 @@
-// "Semester Information" and "Archive Semester": the name suggestions, the
-// archive, renames and deletes written on OK only, "View Old Semester", and
-// the Semester... command of the main frame.
+// The maintenance dialogs: "Semester Information" and "Archive Semester" (the
+// name suggestions, the archive, renames and deletes written on OK only and in
+// one transaction, "View Old Semester"), "Course Order" and "Tab Order"
+// (positions rewritten from 0 on OK only, the tabs' visibility), and the main
+// view after their commands. A failed write leaves everything whole.
 #include "BrindleData.h"
 #include "app/Clock.h"
 #include "app/MainFrame.h"
@@ -8,8 +10,9 @@
 #include "controls/DialogRunner.h"
 #include "grading/PredictionStore.h"
 #include "maintenance/ArchiveSemesterDlg.h"
-#include "maintenance/EditSemesterDlg.h"
+#include "maintenance/CourseOrderDlg.h"
 #include "maintenance/SemesterDlg.h"
+#include "maintenance/TabOrderDlg.h"
 #include "res/strings/MaintenanceStrings.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
@@ -17,11 +20,9 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
+#include <QTabBar>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -64,7 +65,7 @@ QStringList RowNames(const SemesterDlg& dialog)
 }
 
 // Plays the archive dialog: unchecks the listed rows, names it and answers.
-void ArchiveWith(const QList<int>& unchecked, const QString& name, bool accept = true)
+void ArchiveWith(const QList<int>& unchecked, const QString& name)
 {
     DialogRunner::SetHook([=](QDialog& dialog) {
         auto* archive = qobject_cast<ArchiveSemesterDlg*>(&dialog);
@@ -73,12 +74,45 @@ void ArchiveWith(const QList<int>& unchecked, const QString& name, bool accept =
         for (int row : unchecked)
             archive->SetChecked(row, false);
         archive->NameBox()->setEditText(name);
-        if (accept)
-            archive->accept();
-        else
-            archive->reject();
+        archive->accept();
         return archive->result();
     });
+}
+
+// "course=position" of every course order record.
+QStringList StoredPositions()
+{
+    QStringList positions;
+    CCourseOrderTable orders;
+    orders.Open();
+    for (int ok = orders.MoveFirst(1); ok; ok = orders.MoveNext(1))
+        positions << u"%1=%2"_s.arg(CCourseTable::GetCourseNameFromID(orders.GetCourseID()))
+                         .arg(orders.GetCoursePosition());
+    return positions;
+}
+
+// "text:order:visible" of every tab record, in tab order.
+QStringList StoredTabs()
+{
+    QStringList tabs;
+    CViewTabTable table;
+    table.Open(2);
+    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
+        tabs << u"%1:%2:%3"_s.arg(table.GetTabText()).arg(table.GetTabOrder()).arg(
+            table.GetIsVisible());
+    return tabs;
+}
+
+void SetPosition(quint32 courseId, quint16 position)
+{
+    CCourseOrderTable orders;
+    orders.Open(1);
+    const CCeDBProp key(courseId);
+    orders.SetSeekValue(&key, CDataTable::SeekValueEqual);
+    if (orders.MoveFirst(1)) {
+        orders.SetCoursePosition(position);
+        orders.UpdateRecord();
+    }
 }
 
 } // namespace
@@ -93,17 +127,19 @@ private slots:
 
     void suggestionsByMonth_data();
     void suggestionsByMonth();
-    void archiveNameIsTrimmedAndRequired_data();
-    void archiveNameIsTrimmedAndRequired();
+    void archiveNameIsRequired();
     void okArchivesRenamesAndDeletes();
     void archiveWithoutSemester_data();
     void archiveWithoutSemester();
-    void cancelWritesNothing();
     void viewOldSemester_data();
     void viewOldSemester();
     void failedWriteChangesNothing();
-    void keyboardReachesTheRowCommands();
     void semesterCommandRefreshesTheView();
+    void moves_data();
+    void moves();
+    void hiddenTabKeepsItsPlace();
+    void failedCourseOrderWriteChangesNothing();
+    void orderCommandsShowTheNewOrder();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -117,9 +153,10 @@ void TestSemesterDlg::init()
     QVERIFY(m_db->IsReady());
     BrindleClock::SetNow(QDateTime(QDate(2026, 5, 20), QTime(14, 30)));
     m_fall = Records::Semester(u"Fall 2025"_s);
-    m_math = Records::Course(u"Math"_s);
-    m_art = Records::Course(u"Art"_s);
-    m_chem = Records::Course(u"Chemistry"_s);
+    // Sparse positions, in this order.
+    SetPosition(m_math = Records::Course(u"Math"_s), 7);
+    SetPosition(m_art = Records::Course(u"Art"_s), 9);
+    SetPosition(m_chem = Records::Course(u"Chemistry"_s), 12);
     m_old = Records::Course(u"Latin"_s, m_fall);
 }
 
@@ -138,7 +175,7 @@ void TestSemesterDlg::suggestionsByMonth_data()
     // March to September: Spring of this year; every other month the first
     // suggestion, Fall of last year.
     const QStringList names{u"Fall 2025"_s, u"Spring 2026"_s};
-    for (int month = 1; month <= 12; ++month)
+    for (int month : {2, 3, 9, 10})
         QTest::addRow("month %d", month) << month << names[month >= 3 && month <= 9 ? 1 : 0];
 }
 
@@ -161,28 +198,15 @@ void TestSemesterDlg::suggestionsByMonth()
     QCOMPARE(ids, (QList<quint32>{m_math, m_art, m_chem}));
 }
 
-void TestSemesterDlg::archiveNameIsTrimmedAndRequired_data()
+void TestSemesterDlg::archiveNameIsRequired()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("kept");
-    QTest::newRow("empty") << QString() << QString();
-    QTest::newRow("blanks") << u"   "_s << QString();
-    QTest::newRow("padded") << u"  Summer 2026 "_s << u"Summer 2026"_s;
-}
-
-void TestSemesterDlg::archiveNameIsTrimmedAndRequired()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, kept);
+    // Blanks are no name (okArchivesRenamesAndDeletes sees a padded one trimmed).
     ArchiveSemesterDlg dialog;
-    dialog.NameBox()->setEditText(typed);
+    dialog.NameBox()->setEditText(u"   "_s);
     MessageAnswers answers;
     dialog.accept();
-    const bool refused = kept.isEmpty();
-    QCOMPARE(dialog.result(), refused ? int(QDialog::Rejected) : int(QDialog::Accepted));
-    QCOMPARE(answers.Texts(),
-             refused ? QStringList{MaintenanceStrings::SemesterNameRequired()} : QStringList{});
-    QCOMPARE(dialog.SemesterName(), kept);
+    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+    QCOMPARE(answers.Texts(), QStringList{MaintenanceStrings::SemesterNameRequired()});
 }
 
 void TestSemesterDlg::okArchivesRenamesAndDeletes()
@@ -255,24 +279,6 @@ void TestSemesterDlg::archiveWithoutSemester()
     QCOMPARE(SemesterOfCourses().value(m_math), WorkingSemesterID);
 }
 
-void TestSemesterDlg::cancelWritesNothing()
-{
-    const auto before = SemesterOfCourses();
-    SemesterDlg dialog;
-    MessageAnswers answers({QMessageBox::Yes, QMessageBox::Cancel});
-    ArchiveWith({}, u"Spring 2026"_s);
-    dialog.ArchiveSemester();
-    dialog.RenameSemester(0, u"Renamed"_s);
-    // A view asked for and then cancelled leaves the semester on view.
-    dialog.SelectRow(0);
-    dialog.ViewOldSemester();
-    dialog.DeleteSemester(0);
-    dialog.reject();
-    QCOMPARE(StoredSemesters(), QStringList{u"Fall 2025@0"_s});
-    QCOMPARE(SemesterOfCourses(), before);
-    QCOMPARE(State().GetCurrentSemesterID(), WorkingSemesterID);
-}
-
 void TestSemesterDlg::viewOldSemester_data()
 {
     QTest::addColumn<bool>("pending");
@@ -332,55 +338,6 @@ void TestSemesterDlg::failedWriteChangesNothing()
     QCOMPARE(SemesterOfCourses().value(m_math), WorkingSemesterID);
 }
 
-void TestSemesterDlg::keyboardReachesTheRowCommands()
-{
-    Records::Semester(u"Spring 2025"_s);
-    SemesterDlg dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    dialog.List()->setFocus();
-    dialog.SelectRow(0);
-
-    // The Menu key opens the row menu on the selected row, a right click on
-    // the row under the pointer.
-    auto menuOf = [&dialog](QWidget* target, QContextMenuEvent::Reason reason, QPoint at) {
-        QContextMenuEvent request(reason, at, target->mapToGlobal(at));
-        QApplication::sendEvent(target, &request);
-        auto* menu = dialog.findChild<QMenu*>(u"semesterMenu"_s);
-        QStringList items;
-        for (QAction* action : menu ? menu->actions() : QList<QAction*>{})
-            items << action->text();
-        delete menu;
-        return items;
-    };
-    const QStringList commands{MaintenanceStrings::EditSemester(),
-                               MaintenanceStrings::DeleteSemester()};
-    QCOMPARE(menuOf(dialog.List(), QContextMenuEvent::Keyboard, QPoint(1, 1)), commands);
-    QCOMPARE(dialog.SelectedRow(), 0);
-    const QPoint second = dialog.List()->visualItemRect(dialog.List()->item(1)).center();
-    QCOMPARE(menuOf(dialog.List()->viewport(), QContextMenuEvent::Mouse, second), commands);
-    QCOMPARE(dialog.SelectedRow(), 1);
-    dialog.SelectRow(0);
-
-    // F2 renames through "Edit Semester", Delete removes the row.
-    DialogRunner::SetHook([](QDialog& dialog) {
-        auto* editor = qobject_cast<EditSemesterDlg*>(&dialog);
-        if (!editor)
-            return int(QDialog::Rejected);
-        editor->NameField()->setText(u" Autumn 2025 "_s);
-        editor->accept();
-        return editor->result();
-    });
-    QTest::keyClick(dialog.List(), Qt::Key_F2);
-    QTest::keyClick(dialog.List(), Qt::Key_Down);
-    QTest::keyClick(dialog.List(), Qt::Key_Delete);
-    QCOMPARE(RowNames(dialog), QStringList{u"Autumn 2025"_s});
-    // Return is the dialog's OK.
-    QTest::keyClick(dialog.List(), Qt::Key_Return);
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(StoredSemesters(), QStringList{u"Autumn 2025@0"_s});
-}
-
 void TestSemesterDlg::semesterCommandRefreshesTheView()
 {
     State().SetCurrentCourseID(m_art);
@@ -402,12 +359,106 @@ void TestSemesterDlg::semesterCommandRefreshesTheView()
     QVERIFY(!frame.View()->Banner()->isHidden());
     QCOMPARE(frame.View()->CourseSelector()->itemText(1), u"Latin"_s);
     QVERIFY(!frame.findChild<QAction*>(u"actionTogglePrediction"_s)->isEnabled());
-    QCOMPARE(frame.menuBar()->actions().first()->menu()->objectName(), u"menuCourseNoCourse"_s);
 
     // The banner's exit goes back to the working semester.
     frame.OnBannerCommand();
     QCOMPARE(State().GetCurrentSemesterID(), WorkingSemesterID);
     QCOMPARE(frame.View()->CourseSelector()->count(), 4);
+}
+
+void TestSemesterDlg::moves_data()
+{
+    QTest::addColumn<int>("selected");
+    QTest::addColumn<QString>("moves"); // U up, D down
+    QTest::addColumn<QStringList>("stored");
+    QTest::addColumn<int>("selectedAfter");
+    QTest::newRow("up on the first row, down on the last")
+        << 0 << u"UDDD"_s << QStringList{u"Math=2"_s, u"Art=0"_s, u"Chemistry=1"_s} << 2;
+    QTest::newRow("no selection") << -1 << u"UD"_s
+                                  << QStringList{u"Math=0"_s, u"Art=1"_s, u"Chemistry=2"_s} << -1;
+    QTest::newRow("up from the last")
+        << 2 << u"U"_s << QStringList{u"Math=0"_s, u"Art=2"_s, u"Chemistry=1"_s} << 1;
+}
+
+void TestSemesterDlg::moves()
+{
+    QFETCH(int, selected);
+    QFETCH(QString, moves);
+    QFETCH(QStringList, stored);
+    QFETCH(int, selectedAfter);
+    const QStringList before = StoredPositions();
+    for (bool accept : {false, true}) {
+        CourseOrderDlg dialog;
+        QCOMPARE(dialog.List()->count(), 3);
+        dialog.SelectRow(selected);
+        for (QChar move : moves)
+            (move == u'U' ? dialog.MoveUpButton() : dialog.MoveDownButton())->click();
+        QCOMPARE(dialog.SelectedRow(), selectedAfter);
+        accept ? dialog.accept() : dialog.reject();
+        QCOMPARE(StoredPositions(), accept ? stored + QStringList{u"Latin=3"_s} : before);
+    }
+}
+
+void TestSemesterDlg::hiddenTabKeepsItsPlace()
+{
+    const QStringList before = StoredTabs();
+    for (bool accept : {false, true}) {
+        TabOrderDlg dialog;
+        dialog.SetVisible(1, false);
+        dialog.SelectRow(1);
+        dialog.MoveDown(); // the box moves with its row
+        QCOMPARE(dialog.List()->item(2)->checkState(), Qt::Unchecked);
+        accept ? dialog.accept() : dialog.reject();
+        const QStringList written{u"Cw Type:0:1"_s, u"Course Week:1:1"_s, u"Past Due:2:0"_s,
+                                  u"Due By:3:1"_s};
+        QCOMPARE(StoredTabs(), accept ? written : before);
+    }
+}
+
+void TestSemesterDlg::failedCourseOrderWriteChangesNothing()
+{
+    QVERIFY(CDataTable::GetMount()->Execute(
+        "CREATE TRIGGER RefuseThird BEFORE UPDATE ON CourseOrder WHEN NEW.CoursePosition = 2 "
+        "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+    const QStringList before = StoredPositions();
+    CourseOrderDlg dialog;
+    MessageAnswers answers;
+    dialog.accept();
+    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+    QCOMPARE(answers.Texts(), QStringList{MaintenanceStrings::CourseOrderNotSaved()});
+    QCOMPARE(StoredPositions(), before);
+}
+
+void TestSemesterDlg::orderCommandsShowTheNewOrder()
+{
+    State().SetCurrentTabID(CViewTabTable::PastDueTab);
+    CMainFrame frame;
+    DialogRunner::SetHook([](QDialog& dialog) {
+        auto* order = qobject_cast<OrderListDlg*>(&dialog);
+        order->SelectRow(0);
+        order->MoveDown();
+        if (auto* tabs = qobject_cast<TabOrderDlg*>(order))
+            tabs->SetVisible(0, false); // hides "Past Due", the current tab
+        order->accept();
+        return order->result();
+    });
+    for (const char* name : {"actionSortCourses", "actionTabOrder"}) {
+        QAction* action = frame.findChild<QAction*>(QString::fromLatin1(name));
+        QVERIFY(action && action->isEnabled());
+        action->trigger();
+    }
+    DialogRunner::SetHook({});
+    QComboBox* selector = frame.View()->CourseSelector();
+    QCOMPARE(selector->itemText(1), u"Art"_s);
+    QCOMPARE(selector->itemText(2), u"Math"_s);
+    const QTabBar* tabs = frame.View()->TabBar();
+    QCOMPARE(tabs->count(), 4);
+    QCOMPARE(tabs->tabText(1), u"Cw Type"_s);
+    QCOMPARE(tabs->tabText(2), u"Course Week"_s);
+    // The hidden current tab gives way to "No Filter", stored at once.
+    QCOMPARE(tabs->currentIndex(), 0);
+    QVERIFY(m_db->Reopen());
+    QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
 }
 
 QTEST_MAIN(TestSemesterDlg)

@@ -1,25 +1,19 @@
-// The export through the editors, without the clients: the Export menus,
-// links on opening and on OK, failures, coursework deletion, and the
-// "Export Folders" dialog.
+// The export through the editors, without the clients: links on opening and
+// on OK, failures, coursework deletion, and the "Export Folders" dialog.
 #include "ExportFixture.h"
 #include "app/MainView.h"
-#include "controls/HelpViewer.h"
 #include "editors/CourseworkDlg.h"
 #include "editors/CourseworkDlgExport.h"
 #include "editors/CourseworkDlgInfoPage.h"
 #include "editors/EditorRecords.h"
 #include "editors/InstructorDlg.h"
 #include "outlook/dialogs/ExportFoldersDlg.h"
-#include "res/strings/ExportStrings.h"
 #include "store/BrindleData.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 
 #include <QAction>
-#include <QDialogButtonBox>
-#include <QPushButton>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QSettings>
 #include <QtTest>
 
@@ -60,18 +54,14 @@ class TestOutlookExport : public QObject
 private slots:
     void init();
     void cleanup();
-    void exportMenuComesBeforeAdd();
     void exportTwiceUpdatesOneItem();
-    void itemDeletedByHandDropsTheLink();
     void uncheckingDropsOnlyTheLink();
     void createFailureIsReportedAfterTheSave_data();
     void createFailureIsReportedAfterTheSave();
     void withoutAStoreLinksAreKept();
     void deletingCourseworkKeepsTheItems();
     void contactLinkIsCheckedAgainstTheStore();
-    void deleteLinkRemovesOnlyTheFirst();
     void exportFoldersDialog();
-    void exportFoldersHelp();
 
 private:
     std::unique_ptr<ExportFixture> m_fixture;
@@ -93,19 +83,6 @@ void TestOutlookExport::init()
 void TestOutlookExport::cleanup()
 {
     m_fixture.reset();
-}
-
-void TestOutlookExport::exportMenuComesBeforeAdd()
-{
-    CourseworkDlg dialog;
-    const QList<QAction*> menus = dialog.findChild<QMenuBar*>()->actions();
-    QCOMPARE(menus.size(), 2);
-    QCOMPARE(menus[0]->text(), ExportStrings::MenuExport());
-    QCOMPARE(menus[1]->menu()->objectName(), u"menuAdd"_s);
-    QStringList items;
-    for (QAction* item : menus[0]->menu()->actions())
-        items << item->text();
-    QCOMPARE(items, (QStringList{u"Tasks"_s, u"Calendar"_s}));
 }
 
 void TestOutlookExport::exportTwiceUpdatesOneItem()
@@ -135,21 +112,6 @@ void TestOutlookExport::exportTwiceUpdatesOneItem()
     const QByteArray bytes = ExportFixture::Read(folders.tasks + u"/%1.ics"_s.arg(task[0]));
     QVERIFY(bytes.contains("SUMMARY:Lab report 2"));
     QVERIFY(bytes.contains("STATUS:COMPLETED"));
-}
-
-void TestOutlookExport::itemDeletedByHandDropsTheLink()
-{
-    QVERIFY(ExportCoursework(m_work, true, true));
-    const quint32 task = ExportFixture::Links(m_work, Task).value(0);
-    QVERIFY(QFile::remove(m_fixture->Folders().tasks + u"/%1.ics"_s.arg(task)));
-
-    CourseworkDlg dialog;
-    dialog.SetCourseworkID(m_work);
-    QVERIFY(dialog.OnInitDialog());
-    QVERIFY(!Action(dialog, "actionExportTasks")->isChecked());
-    QVERIFY(Action(dialog, "actionExportCalendar")->isChecked());
-    QVERIFY(ExportFixture::Links(m_work, Task).isEmpty());
-    QCOMPARE(ExportFixture::Links(m_work, Appointment).size(), 1);
 }
 
 void TestOutlookExport::uncheckingDropsOnlyTheLink()
@@ -260,18 +222,6 @@ void TestOutlookExport::contactLinkIsCheckedAgainstTheStore()
     QCOMPARE(CountWhere("OutlookLink", "BrindleItemID", stray), 0);
 }
 
-void TestOutlookExport::deleteLinkRemovesOnlyTheFirst()
-{
-    OutlookLink(m_work, 77, COutlookTable::olTaskItem);
-    OutlookLink(m_work + 1000, 77, COutlookTable::olTaskItem);
-    CourseworkDlg dialog;
-    dialog.SetCourseworkID(m_work);
-    QVERIFY(dialog.OnInitDialog());
-    QVERIFY(!Action(dialog, "actionExportTasks")->isChecked());
-    QCOMPARE(CountWhere("OutlookLink", "OutlookItemID", 77), 1);
-    QCOMPARE(CountWhere("OutlookLink", "BrindleItemID", m_work + 1000), 1);
-}
-
 void TestOutlookExport::exportFoldersDialog()
 {
     QTemporaryDir own;
@@ -304,39 +254,6 @@ void TestOutlookExport::exportFoldersDialog()
     QCOMPARE(ExportFixture::Items(tasks).size(), 1);
     ExportFoldersDlg again;
     QCOMPARE(again.TasksEdit()->text(), QDir::toNativeSeparators(tasks));
-
-    // By keyboard: Return in a field is OK, Escape is Cancel.
-    again.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&again));
-    again.TasksEdit()->setFocus();
-    QTest::keyClick(again.TasksEdit(), Qt::Key_Tab);
-    QVERIFY(!again.TasksEdit()->hasFocus());
-    again.CalendarEdit()->setText(tasks);
-    QTest::keyClick(again.CalendarEdit(), Qt::Key_Return);
-    QCOMPARE(again.result(), int(QDialog::Accepted));
-    QCOMPARE(PimFolders::Load().calendar, tasks);
-    ExportFoldersDlg cancelled;
-    cancelled.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&cancelled));
-    cancelled.ContactsEdit()->setText(tasks);
-    QTest::keyClick(cancelled.ContactsEdit(), Qt::Key_Escape);
-    QCOMPARE(cancelled.result(), int(QDialog::Rejected));
-    QCOMPARE(PimFolders::Load().contacts, PimFolders::Defaults().contacts);
-}
-
-void TestOutlookExport::exportFoldersHelp()
-{
-    ExportFoldersDlg dialog;
-    auto* buttons = dialog.findChild<QDialogButtonBox*>(u"buttons"_s);
-    QVERIFY(buttons && buttons->button(QDialogButtonBox::Help));
-    buttons->button(QDialogButtonBox::Help)->click();
-    auto* viewer = dialog.findChild<CHelpViewer*>();
-    QVERIFY(viewer);
-    QCOMPARE(viewer->CurrentTopic(), u"ExportFoldersDlg"_s);
-    viewer->close();
-    QFile help(GetInstallationPath() + u"/Brindle.htm"_s);
-    QVERIFY(help.open(QIODevice::ReadOnly));
-    QVERIFY(QString::fromUtf8(help.readAll()).contains(u"<a name=\"ExportFoldersDlg\"></a>"_s));
 }
 
 QTEST_MAIN(TestOutlookExport)

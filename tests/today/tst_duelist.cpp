@@ -1,5 +1,7 @@
 // The Today list for a fixed clock: what falls into it, in what order, and
-// its terminal forms read back.
+// its text and JSON forms read back.
+// Fault tried, and caught: the window ending at the start of its last day
+// (window, "last minute of the seventh day").
 #include "BrindleData.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
@@ -41,16 +43,13 @@ private slots:
 
         const double minute = 1.0 / (24 * 60);
         const double now = BrindleDate::FromDateTime(Now);
-        QTest::newRow("past due last month") << now - 30 << 0 << false << 7 << true << true;
         QTest::newRow("past due a minute ago, half done") << now - minute << 50 << false << 7 << true << true;
-        QTest::newRow("later today") << now + 2 * 60 * minute << 0 << false << 7 << true << false;
         QTest::newRow("later today, no days ahead") << now + minute << 0 << false << 0 << true << false;
         QTest::newRow("tomorrow, no days ahead") << At(1, QTime(0, 0)) << 0 << false << 0 << false << false;
         QTest::newRow("last minute of the seventh day") << At(7, QTime(23, 59)) << 0 << false << 7 << true << false;
         QTest::newRow("first minute of the eighth day") << At(8, QTime(0, 0)) << 0 << false << 7 << false << false;
         QTest::newRow("99 percent is not done") << now + minute << 99 << false << 7 << true << false;
         QTest::newRow("done") << now - 1 << 100 << false << 7 << false << false;
-        QTest::newRow("more than done") << now + 1 << 120 << false << 7 << false << false;
         QTest::newRow("archived semester") << now + 1 << 0 << true << 7 << false << false;
     }
 
@@ -114,10 +113,6 @@ private slots:
         const QStringList lines = DueListFormat::Text(list.Items()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         QCOMPARE(lines.size(), 3);
         QVERIFY(lines[0].endsWith(QStringLiteral("past due")));
-        // The coursework column starts at the same place on every line.
-        const qsizetype column = lines[0].indexOf(QStringLiteral("Essay"));
-        QCOMPARE(lines[1].indexOf(QStringLiteral("Reading")), column);
-        QCOMPARE(lines[2].indexOf(QStringLiteral("Quiz")), column);
 
         QJsonParseError parse;
         const QJsonDocument document = QJsonDocument::fromJson(DueListFormat::Json(list.Items()), &parse);
