@@ -1,8 +1,7 @@
 // The course editor, driven through its controls. A failed OK is in
 // tst_savefailures.
-// Faults tried against these tests (each failed a test, then reverted):
-// - the duplicate-name check compared case-sensitively (names "differs only in case")
-// - deleting a textbook left its coursework pointing at it (textbooks)
+// Fault tried (failed a test, then reverted): a deleted textbook's coursework
+// kept pointing at it (textbooks, OK).
 #include "EditorRecords.h"
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"

@@ -1,6 +1,7 @@
 // The coursework editor: opening, the progress rule, what OK writes with and
 // without prediction mode, the course chooser, the Add menu and the main
 // frame's coursework commands. A failed OK is in tst_savefailures.
+// Fault tried (failed every edit row, then reverted): OK not writing the due time.
 #include "BrindleData.h"
 #include "app/Clock.h"
 #include "app/MainFrame.h"

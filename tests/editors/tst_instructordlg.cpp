@@ -51,6 +51,8 @@ QStringList Names(const InstructorDlg& dialog)
 
 // The instructors editor in course mode and all-instructors mode. A failed
 // OK is in tst_savefailures.
+// Fault tried (failed deleteCurrent's Yes rows, then reverted): deleting an
+// instructor left its export link.
 class TestInstructorDlg : public QObject
 {
     Q_OBJECT
