@@ -120,4 +120,18 @@ inline int CountWhere(const char* table, const char* column, quint32 value)
     return count;
 }
 
+// Runs one SQL statement and returns the first column of its first row as
+// text: set-ups and probes that need no table class.
+inline QString Sql(const QByteArray& sql)
+{
+    sqlite3_stmt* stmt = CDataTable::GetMount()->Statement(sql);
+    if (!stmt)
+        return QStringLiteral("(error)");
+    QString value;
+    if (sqlite3_step(stmt) == SQLITE_ROW)
+        value = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+    sqlite3_reset(stmt);
+    return value;
+}
+
 } // namespace EditorRecords

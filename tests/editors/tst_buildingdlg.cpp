@@ -1,8 +1,8 @@
+// The buildings editor: edits land on OK only; a renamed building shows in
+// its courses, a deleted one leaves their id behind.
 #include "EditorRecords.h"
 #include "editors/BuildingDlg.h"
 #include "editors/CourseDlg.h"
-#include "res/strings/EditorStrings.h"
-#include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
@@ -16,12 +16,21 @@
 #include <QtTest>
 
 using namespace EditorRecords;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Pick(CListEditPage* page, int row, const QString& command)
+QStringList MenuTexts(BuildingDlg& dialog, int row)
 {
-    for (QAction* action : page->ContextMenu(row)->actions()) {
+    QStringList texts;
+    for (QAction* action : dialog.Page()->ContextMenu(row)->actions())
+        texts << action->text();
+    return texts;
+}
+
+bool Pick(BuildingDlg& dialog, int row, const QString& command)
+{
+    for (QAction* action : dialog.Page()->ContextMenu(row)->actions()) {
         if (action->text() == command) {
             action->trigger();
             return true;
@@ -30,128 +39,86 @@ bool Pick(CListEditPage* page, int row, const QString& command)
     return false;
 }
 
-// Types a name into the open editor and presses its OK.
+// Types a name into the open editor, keys only, and presses its OK.
 void EnterName(BuildingDlg& dialog, const QString& name)
 {
-    QLineEdit* edit = dialog.findChild<QLineEdit*>(QStringLiteral("buildingName"));
-    edit->clear();
+    QLineEdit* edit = dialog.findChild<QLineEdit*>(u"buildingName"_s);
+    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(edit, name);
     dialog.Page()->EditorButtons()->button(QDialogButtonBox::Ok)->click();
 }
 
-QStringList StoredNames()
-{
-    QStringList names;
-    CBuildingTable table;
-    table.Open();
-    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-        names << table.GetBuildingName();
-    return names;
-}
+const QByteArray Names = "SELECT group_concat(BuildingName, '|') FROM Building";
 
 } // namespace
 
-// The buildings editor.
 class TestBuildingDlg : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void menu_data();
-    void menu();
     void editsLandOnOkOnly();
     void renameReachesCoursesDeleteLeavesTheirId();
-    void nameLimit();
 };
-
-void TestBuildingDlg::menu_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("on a row") << 0
-                              << QStringList{EditorStrings::NewBuilding(),
-                                             EditorStrings::EditBuilding(),
-                                             EditorStrings::DeleteBuilding()};
-    QTest::newRow("below the rows") << -1 << QStringList{EditorStrings::NewBuilding()};
-}
-
-void TestBuildingDlg::menu()
-{
-    QFETCH(int, row);
-    QFETCH(QStringList, expected);
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    Building(QStringLiteral("Library"));
-    BuildingDlg dialog;
-    QStringList texts;
-    for (QAction* action : dialog.Page()->ContextMenu(row)->actions())
-        texts << action->text();
-    QCOMPARE(texts, expected);
-}
 
 void TestBuildingDlg::editsLandOnOkOnly()
 {
     TestDatabase db;
     QVERIFY(db.IsReady());
-    Building(QStringLiteral("Library"));
-    Building(QStringLiteral("Gym"));
+    Building(u"Library"_s);
+    Building(u"Gym"_s);
     const QStringList before = DumpAll();
 
     for (bool ok : {false, true}) {
         BuildingDlg dialog;
-        auto* buttons = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttons"));
-        QVERIFY(Pick(dialog.Page(), -1, EditorStrings::NewBuilding()));
+        QCOMPARE(MenuTexts(dialog, 0),
+                 (QStringList{u"New Building"_s, u"Edit Building"_s, u"Delete Building"_s}));
+        QCOMPARE(MenuTexts(dialog, -1), QStringList{u"New Building"_s});
+        auto* buttons = dialog.findChild<QDialogButtonBox*>(u"buttons"_s);
+        QVERIFY(Pick(dialog, -1, u"New Building"_s));
         QVERIFY(!buttons->isEnabled());
         // Typing goes into the name at once.
-        QCOMPARE(dialog.focusWidget(),
-                 dialog.findChild<QLineEdit*>(QStringLiteral("buildingName")));
-        EnterName(dialog, QStringLiteral("Annex"));
+        QCOMPARE(dialog.focusWidget(), dialog.findChild<QLineEdit*>(u"buildingName"_s));
+        EnterName(dialog, u"Annex"_s);
         QVERIFY(buttons->isEnabled());
-        // Two buildings may share a name.
-        QVERIFY(Pick(dialog.Page(), -1, EditorStrings::NewBuilding()));
-        EnterName(dialog, QStringLiteral("Annex"));
-        QVERIFY(Pick(dialog.Page(), 0, EditorStrings::EditBuilding()));
-        QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("buildingName"))->text(),
-                 QStringLiteral("Library"));
-        EnterName(dialog, QStringLiteral("Main Library"));
-        QVERIFY(Pick(dialog.Page(), 1, EditorStrings::DeleteBuilding()));
-        auto* list = dialog.findChild<QListWidget*>(QStringLiteral("buildingList"));
-        QCOMPARE(list->count(), 3);
-        if (ok)
+        // Two buildings may share a name; names stop at 100 characters.
+        QVERIFY(Pick(dialog, -1, u"New Building"_s));
+        EnterName(dialog, u"Annex"_s + QString(100, u'x'));
+        QCOMPARE(dialog.Entries().back().name, u"Annex"_s + QString(95, u'x'));
+        QVERIFY(Pick(dialog, 3, u"Edit Building"_s));
+        EnterName(dialog, u"Annex"_s);
+        QVERIFY(Pick(dialog, 0, u"Edit Building"_s));
+        QCOMPARE(dialog.findChild<QLineEdit*>(u"buildingName"_s)->text(), u"Library"_s);
+        EnterName(dialog, u"Main Library"_s);
+        QVERIFY(Pick(dialog, 1, u"Delete Building"_s));
+        QCOMPARE(dialog.findChild<QListWidget*>(u"buildingList"_s)->count(), 3);
+        if (ok) {
             dialog.accept();
-        else
+        } else {
             dialog.reject();
-        if (!ok)
             QCOMPARE(DumpAll(), before);
+        }
     }
-    QCOMPARE(StoredNames(), (QStringList{QStringLiteral("Main Library"), QStringLiteral("Annex"),
-                                         QStringLiteral("Annex")}));
+    QCOMPARE(Sql(Names), u"Main Library|Annex|Annex"_s);
 }
 
 void TestBuildingDlg::renameReachesCoursesDeleteLeavesTheirId()
 {
     TestDatabase db;
     QVERIFY(db.IsReady());
-    const quint32 hall = Building(QStringLiteral("Hall"));
-    const quint32 course = Records::Course(QStringLiteral("Botany"));
-    {
-        CCourseTable table;
-        table.Open();
-        table.MoveToRecord(course);
-        table.SetBuildingID(hall);
-        table.UpdateRecord();
-    }
+    const quint32 hall = Building(u"Hall"_s);
+    const quint32 course = Records::Course(u"Botany"_s);
+    Sql("UPDATE Course SET BuildingID = " + QByteArray::number(hall));
     {
         BuildingDlg dialog;
         dialog.Page()->EditBuilding(0);
-        EnterName(dialog, QStringLiteral("Great Hall"));
+        EnterName(dialog, u"Great Hall"_s);
         QVERIFY(dialog.OnOK());
     }
     {
         CourseDlg editor;
         editor.SetCourse(course);
-        QCOMPARE(editor.findChild<QComboBox*>(QStringLiteral("buildingBox"))->currentText(),
-                 QStringLiteral("Great Hall"));
+        QCOMPARE(editor.findChild<QComboBox*>(u"buildingBox"_s)->currentText(), u"Great Hall"_s);
         editor.reject();
     }
     {
@@ -159,31 +126,17 @@ void TestBuildingDlg::renameReachesCoursesDeleteLeavesTheirId()
         dialog.Page()->DeleteBuilding(0);
         QVERIFY(dialog.OnOK());
     }
-    CCourseTable table;
-    table.Open();
-    QVERIFY(table.MoveToRecord(course));
-    QCOMPARE(table.GetBuildingID(), hall);
+    const QByteArray buildingId = "SELECT BuildingID FROM Course";
+    QCOMPARE(Sql(buildingId).toUInt(), hall);
     // Typed again in the course editor, it comes back under a new id.
     CourseDlg editor;
     editor.SetCourse(course);
-    auto* box = editor.findChild<QComboBox*>(QStringLiteral("buildingBox"));
+    auto* box = editor.findChild<QComboBox*>(u"buildingBox"_s);
     QVERIFY(box->currentText().isEmpty());
-    box->setEditText(QStringLiteral("Great Hall"));
+    box->setEditText(u"Great Hall"_s);
     QVERIFY(editor.OnOK());
-    QVERIFY(table.MoveToRecord(course));
-    QVERIFY(table.GetBuildingID() != hall);
-    QCOMPARE(CBuildingTable::GetBuildingNameFromID(table.GetBuildingID()),
-             QStringLiteral("Great Hall"));
-}
-
-void TestBuildingDlg::nameLimit()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    BuildingDlg dialog;
-    dialog.Page()->NewBuilding();
-    EnterName(dialog, QString(101, QLatin1Char('b')));
-    QCOMPARE(dialog.Entries().at(0).name.size(), 100);
+    QVERIFY(Sql(buildingId).toUInt() != hall);
+    QCOMPARE(CBuildingTable::GetBuildingNameFromID(Sql(buildingId).toUInt()), u"Great Hall"_s);
 }
 
 QTEST_MAIN(TestBuildingDlg)

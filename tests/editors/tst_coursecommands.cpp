@@ -1,10 +1,13 @@
+// The main frame's course commands, and the course removal cascade behind
+// Delete Course: everything of the course goes, everything of other courses
+// and every export link stays.
+// Fault tried (failed the cascade test, then reverted): CwTypeOrder rows left behind.
 #include "EditorRecords.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"
 #include "editors/CourseDlg.h"
+#include "editors/CourseRemoval.h"
 #include "editors/InstructorDlg.h"
-#include "res/strings/AppStrings.h"
-#include "res/strings/EditorStrings.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
@@ -15,6 +18,9 @@
 #include <QMenuBar>
 #include <QtTest>
 
+using namespace EditorRecords;
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QAction* Action(QMainWindow& frame, const char* name)
@@ -22,46 +28,79 @@ QAction* Action(QMainWindow& frame, const char* name)
     return frame.findChild<QAction*>(QLatin1String(name));
 }
 
-bool CourseMenuHas(QMainWindow& frame, QAction* action)
+bool CourseMenuHas(QMainWindow& frame, const char* name)
 {
     QMenu* menu = frame.menuBar()->actions().value(0)->menu();
-    return menu && menu->actions().contains(action);
+    return menu && menu->actions().contains(Action(frame, name));
+}
+
+void SetCurrentCourse(quint32 id)
+{
+    CAppStateTable::Instance().SetCurrentCourseID(id);
+    CAppStateTable::Instance().UpdateRecord();
+}
+
+// A course with a row in each of its tables; returns its coursework id.
+quint32 FillCourse(quint32 courseId, quint32 instructorId)
+{
+    Time(courseId, CTimeTable::Monday | CTimeTable::Wednesday);
+    Textbook(courseId, u"Reader"_s, 0);
+    Link(courseId, instructorId);
+    const quint32 type = Records::CwType(courseId, u"Homework"_s);
+    Records::Policy(courseId, CGradingPolicyTable::WeightByType);
+    Records::MinimumPercent(courseId, 0, 90.0);
+    return Records::Coursework(courseId, type, u"Essay"_s);
 }
 
 } // namespace
 
-// The main frame's course commands: each opens its dialog, and after an
-// accepted one the view follows.
 class TestCourseCommands : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { DialogRunner::SetHook({}); }
+    void init()
+    {
+        m_db = std::make_unique<TestDatabase>();
+        QVERIFY(m_db->IsReady());
+    }
+    void cleanup()
+    {
+        DialogRunner::SetHook({});
+        m_db.reset();
+    }
 
-    void newCourse_data();
-    void newCourse();
-    void deleteCourse_data();
-    void deleteCourse();
+    void answered_data();
+    void answered();
     void instructorCommandsOpenTheirMode();
+    void removalTakesEveryRowOfTheCourseOnly();
+    void removalOfAMissingCourse();
+
+private:
+    std::unique_ptr<TestDatabase> m_db;
 };
 
-void TestCourseCommands::newCourse_data()
+void TestCourseCommands::answered_data()
 {
-    QTest::addColumn<bool>("accept");
-    QTest::newRow("OK") << true;
-    QTest::newRow("Cancel") << false;
+    QTest::addColumn<bool>("newCourse"); // else Delete Course
+    QTest::addColumn<bool>("yes");       // OK, or Yes to the question
+    QTest::newRow("New Course, OK") << true << true;
+    QTest::newRow("New Course, Cancel") << true << false;
+    QTest::newRow("Delete Course, Yes") << false << true;
+    QTest::newRow("Delete Course, No") << false << false;
 }
 
-void TestCourseCommands::newCourse()
+void TestCourseCommands::answered()
 {
-    QFETCH(bool, accept);
-    TestDatabase db;
-    QVERIFY(db.IsReady());
+    QFETCH(bool, newCourse);
+    QFETCH(bool, yes);
+    const quint32 botany = newCourse ? 0 : Records::Course(u"Botany"_s);
+    SetCurrentCourse(botany ? botany : AllCoursesID);
     CMainFrame frame;
-    QAction* newCourse = Action(frame, "actionNewCourse");
-    QVERIFY(newCourse && newCourse->isEnabled());
-    const QStringList before = EditorRecords::DumpAll();
+    QAction* command = Action(frame, newCourse ? "actionNewCourse" : "actionDeleteCourse");
+    QVERIFY(command && command->isEnabled());
+    QVERIFY(CourseMenuHas(frame, "actionDeleteCourse") == !newCourse);
+    const QStringList before = DumpAll();
 
     quint32 created = 0;
     DialogRunner::SetHook([&](QDialog& dialog) {
@@ -69,82 +108,113 @@ void TestCourseCommands::newCourse()
         if (!editor)
             return int(QDialog::Rejected);
         created = editor->CourseID();
-        editor->findChild<QLineEdit*>(QStringLiteral("courseName"))
-            ->setText(QStringLiteral("Astronomy"));
-        if (accept)
+        editor->findChild<QLineEdit*>(u"courseName"_s)->setText(u"Astronomy"_s);
+        if (yes)
             editor->accept();
         else
             editor->reject();
         return editor->result();
     });
-    newCourse->trigger();
+    MessageAnswers answers({yes ? QMessageBox::Yes : QMessageBox::No});
+    command->trigger();
 
-    QVERIFY(created != 0);
-    if (!accept) {
-        QCOMPARE(EditorRecords::DumpAll(), before);
-        QVERIFY(!CourseMenuHas(frame, Action(frame, "actionDeleteCourse")));
+    if (newCourse) {
+        QVERIFY(created != 0);
+        QVERIFY(answers.Texts().isEmpty());
+    } else {
+        QCOMPARE(answers.Texts(),
+                 QStringList{u"Are you sure you want to delete the course 'Botany'?"_s});
+    }
+    if (!yes) {
+        QCOMPARE(DumpAll(), before);
         return;
     }
-    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), created);
-    QCOMPARE(GetSemesterCourses(), std::vector<quint32>{created});
-    // The menu with a course is up.
-    QVERIFY(CourseMenuHas(frame, Action(frame, "actionDeleteCourse")));
-}
-
-void TestCourseCommands::deleteCourse_data()
-{
-    QTest::addColumn<bool>("yes");
-    QTest::newRow("Yes") << true;
-    QTest::newRow("No") << false;
-}
-
-void TestCourseCommands::deleteCourse()
-{
-    QFETCH(bool, yes);
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Botany"));
-    CAppStateTable::Instance().SetCurrentCourseID(course);
-    CAppStateTable::Instance().UpdateRecord();
-    CMainFrame frame;
-    QAction* remove = Action(frame, "actionDeleteCourse");
-    QVERIFY(CourseMenuHas(frame, remove));
-    QVERIFY(remove->isEnabled());
-
-    MessageAnswers answers({yes ? QMessageBox::Yes : QMessageBox::No});
-    remove->trigger();
-    QCOMPARE(answers.Texts(),
-             QStringList{EditorStrings::ConfirmDeleteCourse(QStringLiteral("Botany"))});
-    QCOMPARE(EditorRecords::CountWhere("Course", "id", course), yes ? 0 : 1);
-    QVERIFY(db.Reopen());
-    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), yes ? AllCoursesID : course);
-    QCOMPARE(CourseMenuHas(frame, Action(frame, "actionNewCourse")), true);
-    if (yes)
-        QVERIFY(!CourseMenuHas(frame, remove));
+    // The view follows: a new course is current, a deleted one gives way to
+    // All Courses, also after the next start.
+    const quint32 current = newCourse ? created : AllCoursesID;
+    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), current);
+    QCOMPARE(GetSemesterCourses(),
+             newCourse ? std::vector<quint32>{created} : std::vector<quint32>{});
+    QCOMPARE(CourseMenuHas(frame, "actionDeleteCourse"), newCourse);
+    QVERIFY(CourseMenuHas(frame, "actionNewCourse"));
+    QVERIFY(m_db->Reopen());
+    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), current);
 }
 
 void TestCourseCommands::instructorCommandsOpenTheirMode()
 {
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Botany"));
-    CAppStateTable::Instance().SetCurrentCourseID(course);
-    CAppStateTable::Instance().UpdateRecord();
+    const quint32 course = Records::Course(u"Botany"_s);
+    SetCurrentCourse(course);
     CMainFrame frame;
-
     QList<qint64> opened;
     DialogRunner::SetHook([&](QDialog& dialog) {
-        if (auto* instructors = qobject_cast<InstructorDlg*>(&dialog))
-            opened << instructors->CourseID();
-        else
-            opened << -1;
+        auto* instructors = qobject_cast<InstructorDlg*>(&dialog);
+        opened << (instructors ? qint64(instructors->CourseID()) : -1);
         return int(QDialog::Rejected);
     });
     Action(frame, "actionEditInstructors")->trigger();
     Action(frame, "actionAllInstructors")->trigger();
     Action(frame, "actionBuildings")->trigger();
     QCOMPARE(opened, (QList<qint64>{course, 0, -1}));
-    QVERIFY(Action(frame, "actionEditCourse")->isEnabled());
+}
+
+void TestCourseCommands::removalTakesEveryRowOfTheCourseOnly()
+{
+    const quint32 shared = Instructor(u"Dr. Vale"_s);
+    const quint32 doomed = Records::Course(u"Botany"_s);
+    const quint32 kept = Records::Course(u"Zoology"_s);
+    const quint32 doomedWork = FillCourse(doomed, shared);
+    const quint32 keptWork = FillCourse(kept, shared);
+    OutlookLink(doomedWork, 501, COutlookTable::olTaskItem);
+    OutlookLink(keptWork, 502, COutlookTable::olTaskItem);
+    OutlookLink(shared, 503, COutlookTable::olContactItem);
+    SetCurrentCourse(kept);
+
+    QVERIFY(RemoveCourse(doomed));
+
+    const struct
+    {
+        const char* table;
+        const char* column;
+    } perCourse[] = {
+        {"Course", "id"},
+        {"Time", "ForeignRecordID"},
+        {"Textbook", "CourseID"},
+        {"TextbookOrder", "CourseID"},
+        {"CourseInstructor", "CourseID"},
+        {"Coursework", "CourseID"},
+        {"CwType", "CourseID"},
+        {"CwTypeOrder", "CourseID"},
+        {"GradingPolicyGrade", "CourseID"},
+        {"GradingPolicy", "CourseID"},
+        {"CourseOrder", "CourseID"},
+    };
+    for (const auto& rows : perCourse) {
+        QVERIFY2(CountWhere(rows.table, rows.column, doomed) == 0, rows.table);
+        QVERIFY2(CountWhere(rows.table, rows.column, kept) == 1, rows.table);
+    }
+    // The shared instructor and the other course's link stay; so do all
+    // export links, and the other course stays current.
+    QCOMPARE(Records::Count("Instructor"), 1);
+    QCOMPARE(CountWhere("CourseInstructor", "InstructorID", shared), 1);
+    QCOMPARE(Records::Count("OutlookLink"), 3);
+    QCOMPARE(CountWhere("OutlookLink", "BrindleItemID", doomedWork), 1);
+    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), kept);
+}
+
+void TestCourseCommands::removalOfAMissingCourse()
+{
+    const quint32 course = Records::Course(u"Botany"_s);
+    Time(course, CTimeTable::Friday);
+    const QStringList before = DumpAll();
+    RemoveCourse(course + 1000);
+    QCOMPARE(DumpAll(), before);
+
+    // Rows left behind by a course already gone are still cleared.
+    Sql("DELETE FROM Course");
+    RemoveCourse(course);
+    QCOMPARE(CountWhere("Time", "ForeignRecordID", course), 0);
+    QCOMPARE(CountWhere("CourseOrder", "CourseID", course), 0);
 }
 
 QTEST_MAIN(TestCourseCommands)

@@ -3,7 +3,6 @@
 #include "editors/InstructorDlg.h"
 #include "editors/RoomPage.h"
 #include "editors/TimeListPage.h"
-#include "res/strings/EditorStrings.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
@@ -19,6 +18,7 @@
 #include <QtTest>
 
 using namespace EditorRecords;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,14 +34,9 @@ QAction* Action(QWidget& dialog, const char* name)
 
 bool IsLinked(quint32 courseId, quint32 instructorId)
 {
-    bool linked = false;
-    CCourseInstructorTable links;
-    links.Open(1);
-    const CCeDBProp key(courseId);
-    links.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = links.MoveFirst(1); ok; ok = links.MoveNext(1))
-        linked = linked || links.GetInstructorID() == instructorId;
-    return linked;
+    return Sql("SELECT count(*) FROM CourseInstructor WHERE CourseID = " +
+               QByteArray::number(courseId) +
+               " AND InstructorID = " + QByteArray::number(instructorId)) != u"0"_s;
 }
 
 QStringList Names(const InstructorDlg& dialog)
@@ -54,7 +49,10 @@ QStringList Names(const InstructorDlg& dialog)
 
 } // namespace
 
-// The instructors editor in course mode and all-instructors mode.
+// The instructors editor in course mode and all-instructors mode. A failed
+// OK is in tst_savefailures.
+// Fault tried (failed deleteCurrent's Yes rows, then reverted): deleting an
+// instructor left its export link.
 class TestInstructorDlg : public QObject
 {
     Q_OBJECT
@@ -66,7 +64,6 @@ private slots:
     void deleteCurrent();
     void fromPrevious();
     void brandNewWithHoursAndBuilding();
-    void menusAndFieldsFollowTheList();
     void choosingAnotherKeepsTheShownFields();
     void cancelWritesNothing();
 };
@@ -79,8 +76,9 @@ void TestInstructorDlg::deleteCurrent_data()
     QTest::addColumn<QStringList>("questions");
     QTest::addColumn<bool>("instructorStays");
 
-    const QStringList inUse{EditorStrings::InstructorInUse()};
-    const QStringList plain{EditorStrings::ConfirmDeleteInstructor()};
+    const QStringList inUse{u"Another course is currently using this instructor.\nContinue with "
+                            u"Delete?"_s};
+    const QStringList plain{u"Are you sure you want to delete the instructor?"_s};
     QTest::newRow("course mode: unlinks only, asks nothing")
         << false << true << true << QStringList() << true;
     QTest::newRow("all instructors, used by one course, Yes")
@@ -98,9 +96,9 @@ void TestInstructorDlg::deleteCurrent()
     QFETCH(bool, instructorStays);
     TestDatabase db;
     QVERIFY(db.IsReady());
-    const quint32 botany = Records::Course(QStringLiteral("Botany"));
-    const quint32 zoology = Records::Course(QStringLiteral("Zoology"));
-    const quint32 vale = Instructor(QStringLiteral("Dr. Vale"));
+    const quint32 botany = Records::Course(u"Botany"_s);
+    const quint32 zoology = Records::Course(u"Zoology"_s);
+    const quint32 vale = Instructor(u"Dr. Vale"_s);
     const quint32 hours = Time(vale, CTimeTable::Tuesday);
     OutlookLink(vale, 77, COutlookTable::olContactItem);
     if (linked || !allMode)
@@ -109,7 +107,7 @@ void TestInstructorDlg::deleteCurrent()
         Link(zoology, vale);
 
     InstructorDlg dialog(allMode ? InstructorDlg::AllInstructors : botany);
-    QCOMPARE(Names(dialog), QStringList{QStringLiteral("Dr. Vale")});
+    QCOMPARE(Names(dialog), QStringList{u"Dr. Vale"_s});
     MessageAnswers answers({yes ? QMessageBox::Yes : QMessageBox::No});
     Action(dialog, "actionDeleteCurrent")->trigger();
     QCOMPARE(answers.Texts(), questions);
@@ -122,7 +120,7 @@ void TestInstructorDlg::deleteCurrent()
         QVERIFY(IsLinked(zoology, vale));
         QCOMPARE(CountWhere("Time", "id", hours), 1);
         InstructorDlg all(InstructorDlg::AllInstructors);
-        QCOMPARE(Names(all), QStringList{QStringLiteral("Dr. Vale")});
+        QCOMPARE(Names(all), QStringList{u"Dr. Vale"_s});
     } else if (!instructorStays) {
         QCOMPARE(CountWhere("CourseInstructor", "InstructorID", vale), 0);
         QCOMPARE(CountWhere("Time", "ForeignRecordID", vale), 0);
@@ -137,21 +135,21 @@ void TestInstructorDlg::fromPrevious()
 {
     TestDatabase db;
     QVERIFY(db.IsReady());
-    const quint32 botany = Records::Course(QStringLiteral("Botany"));
-    const quint32 vale = Instructor(QStringLiteral("Dr. Vale"));
-    const quint32 ash = Instructor(QStringLiteral("Prof. Ash"));
+    const quint32 botany = Records::Course(u"Botany"_s);
+    const quint32 vale = Instructor(u"Dr. Vale"_s);
+    const quint32 ash = Instructor(u"Prof. Ash"_s);
     Time(ash, CTimeTable::Thursday);
     Link(botany, vale);
 
     InstructorDlg dialog(botany);
-    Edit(dialog, "instructorPhone")->setText(QStringLiteral("555-0101"));
+    Edit(dialog, "instructorPhone")->setText(u"555-0101"_s);
 
     quint32 choose = vale;
     QString title;
     QStringList offered;
     DialogRunner::SetHook([&](QDialog& chooser) {
         title = chooser.windowTitle();
-        auto* list = chooser.findChild<QListWidget*>(QStringLiteral("chooserList"));
+        auto* list = chooser.findChild<QListWidget*>(u"chooserList"_s);
         offered.clear();
         for (int i = 0; i < list->count(); ++i) {
             offered << list->item(i)->text();
@@ -165,19 +163,19 @@ void TestInstructorDlg::fromPrevious()
 
     // Already listed: only selected, never twice.
     fromPrevious->trigger();
-    QCOMPARE(title, EditorStrings::CurrentInstructors());
-    QCOMPARE(offered, (QStringList{QStringLiteral("Dr. Vale"), QStringLiteral("Prof. Ash")}));
-    QCOMPARE(Names(dialog), QStringList{QStringLiteral("Dr. Vale")});
+    QCOMPARE(title, u"Current Instructors"_s);
+    QCOMPARE(offered, (QStringList{u"Dr. Vale"_s, u"Prof. Ash"_s}));
+    QCOMPARE(Names(dialog), QStringList{u"Dr. Vale"_s});
     QCOMPARE(dialog.ShownIndex(), 0);
 
     choose = ash;
     fromPrevious->trigger();
-    QCOMPARE(Names(dialog), (QStringList{QStringLiteral("Dr. Vale"), QStringLiteral("Prof. Ash")}));
+    QCOMPARE(Names(dialog), (QStringList{u"Dr. Vale"_s, u"Prof. Ash"_s}));
     QCOMPARE(dialog.ShownIndex(), 1);
-    QCOMPARE(Edit(dialog, "instructorName")->text(), QStringLiteral("Prof. Ash"));
+    QCOMPARE(Edit(dialog, "instructorName")->text(), u"Prof. Ash"_s);
     QCOMPARE(dialog.Entries()[1].officeHours.size(), size_t(1));
     // The fields shown before were kept.
-    QCOMPARE(dialog.Entries()[0].phone, QStringLiteral("555-0101"));
+    QCOMPARE(dialog.Entries()[0].phone, u"555-0101"_s);
 
     QVERIFY(dialog.OnOK());
     QVERIFY(IsLinked(botany, ash));
@@ -189,15 +187,22 @@ void TestInstructorDlg::brandNewWithHoursAndBuilding()
 {
     TestDatabase db;
     QVERIFY(db.IsReady());
-    const quint32 botany = Records::Course(QStringLiteral("Botany"));
+    const quint32 botany = Records::Course(u"Botany"_s);
+    InstructorDlg all(InstructorDlg::AllInstructors);
+    QVERIFY(!Action(all, "actionFromPrevious"));
     InstructorDlg dialog(botany);
+    // No instructor yet: nothing to take over, delete or type into.
     QVERIFY(!Action(dialog, "actionFromPrevious")->isEnabled());
+    QVERIFY(!Action(dialog, "actionDeleteCurrent")->isEnabled());
+    QVERIFY(!Edit(dialog, "instructorName")->isEnabled());
+    QVERIFY(!dialog.HoursPage()->isEnabled());
 
     Action(dialog, "actionBrandNew")->trigger();
-    QCOMPARE(Edit(dialog, "instructorName")->text(), EditorStrings::EnterName());
+    QVERIFY(Action(dialog, "actionDeleteCurrent")->isEnabled());
+    QCOMPARE(Edit(dialog, "instructorName")->text(), u"(Enter Name)"_s);
     QVERIFY(Edit(dialog, "instructorName")->isEnabled());
-    dialog.RoomPage()->BuildingBox()->setEditText(QStringLiteral("Greenhouse"));
-    Edit(dialog, "roomNumber")->setText(QStringLiteral("G12"));
+    dialog.RoomPage()->BuildingBox()->setEditText(u"Greenhouse"_s);
+    Edit(dialog, "roomNumber")->setText(u"G12"_s);
     CTimeListPage* hours = dialog.HoursPage();
     hours->NewTime();
     // While the time editor is open, the other pages wait.
@@ -206,92 +211,62 @@ void TestInstructorDlg::brandNewWithHoursAndBuilding()
     hours->Editor()->DayButton(2)->click();
     hours->EditorButtons()->button(QDialogButtonBox::Ok)->click();
     QVERIFY(Edit(dialog, "instructorName")->isEnabled());
-    dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttons"))
-        ->button(QDialogButtonBox::Ok)
-        ->click();
+    dialog.findChild<QDialogButtonBox*>(u"buttons"_s)->button(QDialogButtonBox::Ok)->click();
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
     CInstructorTable instructors;
     instructors.Open();
     QVERIFY(instructors.MoveFirst(1));
     const quint32 id = instructors.GetRecordID();
-    QCOMPARE(instructors.GetInstructorName(), EditorStrings::EnterName());
-    QCOMPARE(instructors.GetRoomNumber(), QStringLiteral("G12"));
-    QCOMPARE(CBuildingTable::GetBuildingNameFromID(instructors.GetBuildingID()),
-             QStringLiteral("Greenhouse"));
+    QCOMPARE(instructors.GetInstructorName(), u"(Enter Name)"_s);
+    QCOMPARE(instructors.GetRoomNumber(), u"G12"_s);
+    QCOMPARE(CBuildingTable::GetBuildingNameFromID(instructors.GetBuildingID()), u"Greenhouse"_s);
     QVERIFY(IsLinked(botany, id));
-    CTimeTable times;
-    times.Open(0);
-    const CCeDBProp key(id);
-    times.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    QVERIFY(times.MoveFirst(1));
-    QCOMPARE(times.GetDayOfWeek(), quint16(CTimeTable::Tuesday));
-}
-
-void TestInstructorDlg::menusAndFieldsFollowTheList()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    Instructor(QStringLiteral("Dr. Vale"));
-    const quint32 botany = Records::Course(QStringLiteral("Botany"));
-
-    InstructorDlg all(InstructorDlg::AllInstructors);
-    QVERIFY(!Action(all, "actionFromPrevious"));
-    QVERIFY(Action(all, "actionBrandNew")->isEnabled());
-
-    InstructorDlg course(botany);
-    QVERIFY(course.Entries().empty());
-    QVERIFY(Action(course, "actionFromPrevious")->isEnabled());
-    QVERIFY(!Action(course, "actionDeleteCurrent")->isEnabled());
-    QVERIFY(!Edit(course, "instructorName")->isEnabled());
-    QVERIFY(!course.HoursPage()->isEnabled());
-
-    Action(course, "actionBrandNew")->trigger();
-    QVERIFY(Action(course, "actionDeleteCurrent")->isEnabled());
-    QVERIFY(course.HoursPage()->isEnabled());
-    Action(course, "actionDeleteCurrent")->trigger();
-    QVERIFY(!Edit(course, "instructorName")->isEnabled());
-    QVERIFY(Edit(course, "instructorName")->text().isEmpty());
-
-    for (const char* field : {"instructorName", "instructorPhone", "instructorEmail"})
-        QVERIFY(Edit(course, field)->maxLength() > 0);
-    QCOMPARE(Edit(course, "instructorName")->maxLength(), 50);
-    QCOMPARE(Edit(course, "instructorPhone")->maxLength(), 15);
-    QCOMPARE(Edit(course, "instructorEmail")->maxLength(), 50);
-    QCOMPARE(Edit(course, "roomNumber")->maxLength(), 20);
+    QCOMPARE(Sql("SELECT group_concat(DayOfWeek) FROM Time WHERE ForeignRecordID = " +
+                 QByteArray::number(id)),
+             QString::number(CTimeTable::Tuesday));
 }
 
 void TestInstructorDlg::choosingAnotherKeepsTheShownFields()
 {
     TestDatabase db;
     QVERIFY(db.IsReady());
-    const quint32 vale = Instructor(QStringLiteral("Dr. Vale"));
-    Instructor(QStringLiteral("Prof. Ash"));
+    const quint32 vale = Instructor(u"Dr. Vale"_s);
+    Instructor(u"Prof. Ash"_s);
     InstructorDlg dialog(InstructorDlg::AllInstructors);
-    auto* box = dialog.findChild<QComboBox*>(QStringLiteral("currentInstructors"));
+    auto* box = dialog.findChild<QComboBox*>(u"currentInstructors"_s);
     QCOMPARE(box->count(), 2);
-    Edit(dialog, "instructorEmail")->setText(QStringLiteral("vale@example.edu"));
+    QComboBox* building = dialog.RoomPage()->BuildingBox();
+    Edit(dialog, "instructorEmail")->setText(u"vale@example.edu"_s);
+    building->setEditText(u"Greenhouse"_s);
 
+    // Keys alone switch between them; each keeps its own fields and building.
     QTest::keyClick(box, Qt::Key_Down);
     QCOMPARE(dialog.ShownIndex(), 1);
-    QCOMPARE(Edit(dialog, "instructorName")->text(), QStringLiteral("Prof. Ash"));
+    QCOMPARE(Edit(dialog, "instructorName")->text(), u"Prof. Ash"_s);
     QVERIFY(Edit(dialog, "instructorEmail")->text().isEmpty());
+    QVERIFY(building->currentText().isEmpty());
     QTest::keyClick(box, Qt::Key_Up);
-    QCOMPARE(Edit(dialog, "instructorEmail")->text(), QStringLiteral("vale@example.edu"));
+    QCOMPARE(Edit(dialog, "instructorEmail")->text(), u"vale@example.edu"_s);
+    const QString buildingBack = building->currentText();
 
     QVERIFY(dialog.OnOK());
-    CInstructorTable table;
-    table.Open();
-    QVERIFY(table.MoveToRecord(vale));
-    QCOMPARE(table.GetEmail(), QStringLiteral("vale@example.edu"));
+    QCOMPARE(Sql("SELECT Email FROM Instructor WHERE id = " + QByteArray::number(vale)),
+             u"vale@example.edu"_s);
+    QCOMPARE(Sql("SELECT BuildingID FROM Instructor WHERE id <> " + QByteArray::number(vale)),
+             u"0"_s);
+    // Product bug: a building name not yet in the list is blanked when the
+    // instructor is shown again (CRoomPage::SelectBuildingName), so it is lost.
+    QEXPECT_FAIL("", "a newly typed building is lost on switching instructors", Continue);
+    QCOMPARE(buildingBack, u"Greenhouse"_s);
 }
 
 void TestInstructorDlg::cancelWritesNothing()
 {
     TestDatabase db;
     QVERIFY(db.IsReady());
-    const quint32 botany = Records::Course(QStringLiteral("Botany"));
-    Link(botany, Instructor(QStringLiteral("Dr. Vale")));
+    const quint32 botany = Records::Course(u"Botany"_s);
+    Link(botany, Instructor(u"Dr. Vale"_s));
     const QStringList before = DumpAll();
     {
         InstructorDlg dialog(botany);
