@@ -1,4 +1,5 @@
 // The grade bar's texts and rounding, and the banners with their menu.
+// Checked against: the percent rounded to nearest instead of up.
 #include "BrindleData.h"
 #include "app/GradeBarText.h"
 #include "app/MainView.h"

@@ -1,4 +1,5 @@
 // The main frame: its two menu bars, the command-state rules and help.
+// Checked against: two Tools items swapped.
 #include "BrindleData.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"
@@ -84,9 +85,8 @@ void TestMainFrame::menusAndTheCurrentCourse()
     QCOMPARE(MenuTexts(menus.at(1)->menu()),
              QStringList({u"About Brindle..."_s, u"Database..."_s, u"-"_s, u"Semester..."_s,
                           u"Tab Order..."_s, u"Buildings..."_s, u"All Instructors..."_s,
-                          u"Institution..."_s, u"Report Card..."_s, u"-"_s,
-                          u"Grade Planner..."_s, u"Today Companion..."_s, u"-"_s,
-                          u"Export Folders..."_s}));
+                          u"Institution..."_s, u"Report Card..."_s, u"-"_s, u"Grade Planner..."_s,
+                          u"Today Companion..."_s, u"-"_s, u"Export Folders..."_s}));
     QCOMPARE(MenuTexts(menus.at(2)->menu()), QStringList({u"Options..."_s, u"Turn On"_s}));
 
     CAppStateTable::Instance().SetCurrentCourseID(course);

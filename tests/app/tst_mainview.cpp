@@ -110,9 +110,8 @@ void TestMainView::hiddenCurrentTabSelectsNoFilter()
     {
         CMainView view;
         Refresh(view);
-        QCOMPARE(TabTexts(view.TabBar()), (QStringList{u"No Filter"_s, u"Cw Type"_s,
-                                                       u"Past Due"_s, u"Course Week"_s,
-                                                       u"Due By"_s}));
+        QCOMPARE(TabTexts(view.TabBar()), (QStringList{u"No Filter"_s, u"Cw Type"_s, u"Past Due"_s,
+                                                       u"Course Week"_s, u"Due By"_s}));
         QCOMPARE(view.ListModel()->rowCount(), 2); // Biology and its Lab 1
     }
     QVERIFY(CDataTable::GetMount()->Execute("UPDATE ViewTab SET IsVisible = 0 WHERE "

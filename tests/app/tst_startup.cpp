@@ -1,5 +1,6 @@
 // Start-up: the installation folder's upgrade marker and one-shot helper, and
 // opening a database file that cannot be used.
+// Checked against: new files without their 0600 mode (fails under every umask).
 #include "BrindleData.h"
 #include "app/DatabaseOpener.h"
 #include "app/Startup.h"
