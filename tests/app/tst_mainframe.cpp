@@ -2,14 +2,12 @@
 // Checked against: two Tools items swapped.
 #include "BrindleData.h"
 #include "app/MainFrame.h"
-#include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "grading/PredictionStore.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
@@ -67,7 +65,6 @@ private slots:
     void predictionCommandStates_data();
     void predictionCommandStates();
     void helpOpensTheMainContents();
-    void aboutBoxNamesTheProgram();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -154,21 +151,6 @@ void TestMainFrame::helpOpensTheMainContents()
     QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
     QVERIFY(viewer->Browser()->toPlainText().contains(u"The main window"_s));
     QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
-}
-
-void TestMainFrame::aboutBoxNamesTheProgram()
-{
-    CMainFrame frame;
-    QString shown;
-    DialogRunner::SetHook([&](QDialog& dialog) {
-        shown =
-            dialog.objectName() + u" "_s + dialog.findChild<QLabel*>(u"qt_msgbox_label"_s)->text();
-        return int(QDialog::Accepted);
-    });
-    Action(frame, "actionAbout")->trigger();
-    DialogRunner::SetHook({});
-    QVERIFY2(shown.startsWith(u"AboutBox "_s), qPrintable(shown));
-    QVERIFY(shown.contains(u"Brindle"_s));
 }
 
 QTEST_MAIN(TestMainFrame)
