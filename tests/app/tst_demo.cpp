@@ -1,4 +1,6 @@
-// The demo database: what a new user sees, and the sizes the benchmark asks for.
+// The demo database: the sizes the benchmark asks for, and that the default
+// one looks like a real student's (graded, open, done and overdue items,
+// grades computed, what the editors show).
 #include "BrindleData.h"
 #include "app/CourseworkListFill.h"
 #include "app/DemoDatabase.h"
@@ -12,52 +14,48 @@ class TestDemo : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
-    }
-    void cleanup() { m_db.reset(); }
-
-    void demoLooksAlive();
     void sizes_data();
     void sizes();
-
-private:
-    std::unique_ptr<TestDatabase> m_db;
 };
 
-void TestDemo::demoLooksAlive()
+void TestDemo::sizes_data()
 {
+    QTest::addColumn<DemoSize>("size");
+    QTest::newRow("default") << DemoSize();
+    QTest::newRow("uneven split") << DemoSize{4, 11, 301, 3, 40};
+    QTest::newRow("no archive") << DemoSize{1, 2, 10, 2, 10};
+}
+
+void TestDemo::sizes()
+{
+    QFETCH(DemoSize, size);
+    TestDatabase db;
+    QVERIFY(db.IsReady());
     const QDate today(2024, 10, 9);
-    QVERIFY(BuildDemoDatabase(today));
-    const CAppStateTable& state = CAppStateTable::Instance();
-    QCOMPARE(state.GetCurrentSemesterID(), WorkingSemesterID);
-    QCOMPARE(state.GetCurrentCourseID(), AllCoursesID);
-
+    QVERIFY(BuildDemoDatabase(today, size));
+    QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), WorkingSemesterID);
+    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), AllCoursesID);
+    QCOMPARE(Records::Count("Semester"), size.semesters - 1);
+    QCOMPARE(Records::Count("Course"), size.courses);
+    QCOMPARE(Records::Count("Coursework"), size.coursework);
     const std::vector<quint32> working = GetSemesterCourses(WorkingSemesterID);
-    QCOMPARE(working.size(), size_t(5));
-    QCOMPARE(Records::Count("Semester"), 1);
+    QCOMPARE(working.size(), size_t(size.workingCourses));
 
-    int graded = 0, ungraded = 0, overdue = 0, done = 0;
     CourseworkFilter filter;
     filter.courseId = AllCoursesID;
     filter.showDone = true;
     filter.now = QDateTime(today, QTime(12, 0));
+    int items = 0, graded = 0, overdue = 0, done = 0;
     for (const CourseworkRow& row : FillCourseworkRows(filter)) {
-        if (row.isHeader)
-            continue;
-        graded += row.score >= 0.0;
-        ungraded += row.score < 0.0;
+        items += !row.isHeader;
+        graded += !row.isHeader && row.score >= 0.0;
         overdue += row.overdue;
-        done += row.completed >= 100;
+        done += !row.isHeader && row.completed >= 100;
     }
-    QVERIFY(graded > 5);
-    QVERIFY(ungraded > 5);
-    QVERIFY(overdue >= 1);
-    QVERIFY(done > 5);
-
-    // Grades are computed from the scores, and every course has what the editors show.
+    QCOMPARE(items, size.workingCoursework);
+    if (QTest::currentDataTag() != QByteArrayLiteral("default"))
+        return;
+    QVERIFY(graded > 5 && items - graded > 5 && done > 5 && overdue >= 1);
     CCourseTable course;
     QVERIFY(course.Open());
     for (quint32 id : working) {
@@ -67,47 +65,9 @@ void TestDemo::demoLooksAlive()
         QVERIFY(course.GetBuildingID() != 0);
         QVERIFY(course.GetCourseHours() > 0.0);
     }
-    QVERIFY(Records::Count("Instructor") >= 5);
     QVERIFY(Records::Count("CourseInstructor") >= 9);
     QVERIFY(Records::Count("Textbook") >= 9);
-    // Meeting times of the courses and office hours of the instructors.
-    QVERIFY(Records::Count("Time") >= 9 + 5);
-    QVERIFY(Records::Count("CwType") >= 4 * 9);
-}
-
-void TestDemo::sizes_data()
-{
-    QTest::addColumn<int>("semesters");
-    QTest::addColumn<int>("courses");
-    QTest::addColumn<int>("coursework");
-    QTest::addColumn<int>("workingCourses");
-    QTest::addColumn<int>("workingCoursework");
-    QTest::newRow("uneven split") << 4 << 11 << 301 << 3 << 40;
-    QTest::newRow("no archive") << 1 << 2 << 10 << 2 << 10;
-}
-
-void TestDemo::sizes()
-{
-    QFETCH(int, semesters);
-    QFETCH(int, courses);
-    QFETCH(int, coursework);
-    QFETCH(int, workingCourses);
-    QFETCH(int, workingCoursework);
-    QVERIFY(BuildDemoDatabase(QDate(2024, 10, 9), DemoSize{semesters, courses, coursework,
-                                                           workingCourses, workingCoursework}));
-    QCOMPARE(Records::Count("Semester"), semesters - 1);
-    QCOMPARE(Records::Count("Course"), courses);
-    QCOMPARE(Records::Count("Coursework"), coursework);
-    QCOMPARE(GetSemesterCourses(WorkingSemesterID).size(), size_t(workingCourses));
-
-    CourseworkFilter filter;
-    filter.courseId = AllCoursesID;
-    filter.showDone = true;
-    filter.now = QDateTime(QDate(2024, 10, 9), QTime(12, 0));
-    const auto rows = FillCourseworkRows(filter);
-    const auto items =
-        std::count_if(rows.begin(), rows.end(), [](const CourseworkRow& r) { return !r.isHeader; });
-    QCOMPARE(static_cast<int>(items), workingCoursework);
+    QVERIFY(Records::Count("Time") >= 9 + 5); // meeting times and office hours
 }
 
 QTEST_GUILESS_MAIN(TestDemo)
