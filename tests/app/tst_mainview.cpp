@@ -371,6 +371,7 @@ void TestMainView::showDoneToggles()
 {
     AddCourses(m_biology, m_history, m_labs, m_quizzes, m_essays);
     State().SetCurrentCourseID(m_biology);
+    State().SetShowDone(0);
     CMainView view;
     Refresh(view);
     view.show();

@@ -149,7 +149,7 @@ void TestDatabaseFile::newDatabaseHoldsTheDefaultRecords()
     QCOMPARE(state.GetCurrentSemesterID(), WorkingSemesterID);
     QCOMPARE(state.GetCurrentCourseID(), AllCoursesID);
     QCOMPARE(state.GetCurrentTabID(), CViewTabTable::NoFilter);
-    QCOMPARE(state.GetShowDone(), 0);
+    QCOMPARE(state.GetShowDone(), 1);
     QCOMPARE(Records::Count("GPAInfo"), 1);
 }
 
