@@ -5,6 +5,7 @@
 #include "EditorRecords.h"
 #include "controls/DialogRunner.h"
 #include "controls/FirstField.h"
+#include "controls/HelpViewer.h"
 #include "controls/NumericEdit.h"
 #include "editors/BuildingDlg.h"
 #include "editors/CourseDlg.h"
@@ -29,6 +30,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QTextBrowser>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QtTest>
@@ -152,6 +155,7 @@ private slots:
     void listKeys_data();
     void listKeys();
     void numberFieldHintsAtRefusedCharacters();
+    void helpStaysUsableFromDialogs();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -365,6 +369,41 @@ void TestFirstUse::numberFieldHintsAtRefusedCharacters()
     QCOMPARE(hints.count(), 1);
     QVERIFY(!hints.front().front().toString().isEmpty());
     QCOMPARE(edit.text(), QStringLiteral("7"));
+}
+
+void TestFirstUse::helpStaysUsableFromDialogs()
+{
+    QWidget mainWindow;
+    mainWindow.show();
+    CHelpViewer* viewer = CHelpViewer::ShowTopic(QStringLiteral("main_contents"), &mainWindow);
+    QCOMPARE(viewer->parentWidget(), &mainWindow);
+
+    // A modal dialog asks for help later: the same viewer now belongs to it,
+    // so the dialog's modality does not block it.
+    QDialog dialog(&mainWindow);
+    dialog.setObjectName(QStringLiteral("CourseDlg"));
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.show();
+    QCOMPARE(CHelpViewer::ShowTopic(QStringLiteral("CourseDlg"), &dialog), viewer);
+    QCOMPARE(viewer->parentWidget(), &dialog);
+    QVERIFY(viewer->isVisible());
+    QCOMPARE(viewer->CurrentTopic(), QStringLiteral("CourseDlg"));
+
+    // Back, Forward and Contents.
+    QVERIFY(viewer->BackButton()->isEnabled());
+    viewer->BackButton()->click();
+    QCOMPARE(viewer->Browser()->source().fragment(), QStringLiteral("main_contents"));
+    QVERIFY(viewer->ForwardButton()->isEnabled());
+    viewer->ForwardButton()->click();
+    QCOMPARE(viewer->Browser()->source().fragment(), QStringLiteral("CourseDlg"));
+    viewer->ContentsButton()->click();
+    QCOMPARE(viewer->CurrentTopic(), QStringLiteral("main_contents"));
+
+    // When the dialog closes, the viewer stays, with the window below it.
+    dialog.reject();
+    QCOMPARE(viewer->parentWidget(), &mainWindow);
+    QVERIFY(viewer->isVisible());
+    viewer->close();
 }
 
 QTEST_MAIN(TestFirstUse)
