@@ -10,6 +10,7 @@
 #include "app/MainFrame.h"
 #include "app/MainView.h"
 #include "controls/DialogRunner.h"
+#include "controls/NumericEdit.h"
 #include "editors/CourseworkDlg.h"
 #include "editors/CourseworkDlgInfoPage.h"
 #include "grading/PredictionStore.h"
@@ -19,6 +20,7 @@
 #include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>

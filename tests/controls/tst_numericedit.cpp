@@ -36,8 +36,14 @@ void TestNumericEdit::typing_data()
                               << -4.25;
     QTest::newRow("letters refused")
         << c << false << QStringLiteral("1a2b") << QStringLiteral("12") << 12.0;
-    QTest::newRow("no exponent") << c << false << QStringLiteral("1e5") << QStringLiteral("15")
-                                 << 15.0;
+    QTest::newRow("exponent") << c << false << QStringLiteral("1e5") << QStringLiteral("1e5")
+                              << 100000.0;
+    QTest::newRow("exponent still typed")
+        << c << false << QStringLiteral("2e") << QStringLiteral("2e") << 2.0;
+    QTest::newRow("whole exponent") << c << true << QStringLiteral("1e2") << QStringLiteral("1e2")
+                                    << 100.0;
+    QTest::newRow("German exponent")
+        << QLocale::German << false << QStringLiteral("2,5e2") << QStringLiteral("2,5e2") << 250.0;
     QTest::newRow("comma not a C separator")
         << c << false << QStringLiteral("3,5") << QStringLiteral("35") << 35.0;
     QTest::newRow("one separator only")

@@ -224,7 +224,7 @@ void TestFirstUse::dialogsOpenInTheirFirstField_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("field");
 
-    QTest::newRow("New Course") << QStringLiteral("course") << QStringLiteral("nameEdit");
+    QTest::newRow("New Course") << QStringLiteral("course") << QStringLiteral("courseName");
     QTest::newRow("Add Coursework") << QStringLiteral("coursework") << QStringLiteral("nameEdit");
     QTest::newRow("Buildings") << QStringLiteral("buildings") << QStringLiteral("buildingList");
     QTest::newRow("Institution") << QStringLiteral("institution") << QStringLiteral("scaleCombo");
