@@ -71,10 +71,12 @@ std::vector<double> GradeChart::Ticks() const
         if (span / candidate <= MaxTicks)
             break;
     }
+    // Ticks on whole multiples of the step read best (60, 80, ... not 50, 70).
+    const int first = static_cast<int>(std::ceil(m_low / step - 1e-9));
+    const int last = static_cast<int>(std::floor(m_high / step + 1e-9));
     std::vector<double> ticks;
-    const int count = static_cast<int>(std::floor(span / step + 1e-9));
-    for (int i = 0; i <= count; ++i)
-        ticks.push_back(m_low + i * step);
+    for (int i = first; i <= last; ++i)
+        ticks.push_back(i * step);
     return ticks;
 }
 

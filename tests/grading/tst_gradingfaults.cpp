@@ -169,7 +169,7 @@ void TestGradingFaults::chartStaysBounded()
     const std::vector<double> ticks = chart.Ticks();
     QVERIFY(ticks.size() >= 2);
     QVERIFY(ticks.size() <= size_t(GradeChart::MaxTicks) + 1);
-    QCOMPARE(ticks.front(), chart.ScaleLow());
+    QVERIFY(ticks.front() >= chart.ScaleLow());
     QVERIFY(ticks.back() <= chart.ScaleHigh());
     // Drawing ends (it used to step through every 20 % up to the percent).
     chart.resize(chart.sizeHint());
