@@ -141,6 +141,10 @@ static void AddCourses(quint32& biology, quint32& history, quint32& labs, quint3
     Records::Coursework(biology, quizzes, u"Quiz 1"_s, -1, -1, Day(2024, 9, 9));
     Records::Coursework(biology, labs, u"Lab 2"_s, -1, -1, Day(2024, 9, 20), 100);
     Records::Coursework(history, essays, u"Essay 1"_s, -1, -1, Day(2024, 9, 12));
+    // Done work hidden, as after the user unticks "Show Done" (a new
+    // database starts with it ticked).
+    CAppStateTable::Instance().SetShowDone(0);
+    CAppStateTable::Instance().UpdateRecord();
 }
 
 void TestMainView::tabsComeFromTheTable()
@@ -371,7 +375,6 @@ void TestMainView::showDoneToggles()
 {
     AddCourses(m_biology, m_history, m_labs, m_quizzes, m_essays);
     State().SetCurrentCourseID(m_biology);
-    State().SetShowDone(0);
     CMainView view;
     Refresh(view);
     view.show();
