@@ -4,7 +4,6 @@
 #include "controls/DialogRunner.h"
 #include "editors/CourseworkDlg.h"
 #include "grading/GradeCalculation.h"
-#include "grading/PredictionStore.h"
 #include "grading/dialogs/GradingDlg.h"
 
 // Coursework and grading policy: Add Coursework, Edit Grading Policy, and
