@@ -26,6 +26,7 @@
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTreeWidget>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -73,6 +74,7 @@ private slots:
     void deleteKeyAsksFirst_data();
     void deleteKeyAsksFirst();
     void menusHaveMnemonics();
+    void deleteKeyClearsAPercentToGive();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -273,6 +275,20 @@ void TestViewRefresh::menusHaveMnemonics()
     for (const QAction* action : frame.menuBar()->actions())
         titles << action->text();
     QCOMPARE(titles, QStringList({u"&Course"_s, u"&Tools"_s, u"&Prediction"_s}));
+}
+
+void TestViewRefresh::deleteKeyClearsAPercentToGive()
+{
+    GradePredictionDlg dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    dialog.SetPercent(0, 80.0);
+    auto* list = dialog.findChild<QTreeWidget*>();
+    QVERIFY(list);
+    list->setFocus();
+    list->setCurrentItem(list->topLevelItem(0));
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(dialog.Courses().front().types.front().percent, GradePredictionDlg::NoPercent);
 }
 
 QTEST_MAIN(TestViewRefresh)

@@ -21,6 +21,7 @@
 #include "grading/dialogs/GradingDlg.h"
 #include "grading/dialogs/GradingDlgTypesPage.h"
 #include "grading/dialogs/InstitutionDlg.h"
+#include "grading/dialogs/InstitutionDlgScalePage.h"
 #include "grading/dialogs/MinimumPercentEditor.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
@@ -32,6 +33,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QtTest>
@@ -154,6 +156,8 @@ private slots:
     void buildingBoxHasTheBuildingsLimit();
     void listKeys_data();
     void listKeys();
+    void gradeListKeys_data();
+    void gradeListKeys();
     void numberFieldHintsAtRefusedCharacters();
     void helpStaysUsableFromDialogs();
 
@@ -357,6 +361,38 @@ void TestFirstUse::listKeys()
     QTest::keyClick(list, Qt::Key(key));
     QCOMPARE(int(dialog.Entries().size()), entries);
     QCOMPARE(dialog.Page()->IsEditorOpen(), editorOpen);
+}
+
+void TestFirstUse::gradeListKeys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("signal");
+    QTest::newRow("Insert") << int(Qt::Key_Insert) << QStringLiteral("new");
+    QTest::newRow("F2") << int(Qt::Key_F2) << QStringLiteral("edit");
+    QTest::newRow("Delete") << int(Qt::Key_Delete) << QStringLiteral("delete");
+}
+
+void TestFirstUse::gradeListKeys()
+{
+    QFETCH(int, key);
+    QFETCH(QString, signal);
+    InstitutionDlg dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    InstitutionDlgScalePage* page = dialog.ScalePage();
+    QSignalSpy added(page, &InstitutionDlgScalePage::NewRequested);
+    QSignalSpy edited(page, &InstitutionDlgScalePage::EditRequested);
+    QSignalSpy deleted(page, &InstitutionDlgScalePage::DeleteRequested);
+    // The sub-dialogs answer themselves: only the request matters here.
+    DialogRunner::SetHook([](QDialog&) { return int(QDialog::Rejected); });
+    MessageAnswers answers({QMessageBox::No});
+    QTreeWidget* list = page->GradeList();
+    list->setFocus();
+    list->setCurrentItem(list->topLevelItem(0));
+    QTest::keyClick(list, Qt::Key(key));
+    QCOMPARE(added.count(), signal == QLatin1String("new") ? 1 : 0);
+    QCOMPARE(edited.count(), signal == QLatin1String("edit") ? 1 : 0);
+    QCOMPARE(deleted.count(), signal == QLatin1String("delete") ? 1 : 0);
 }
 
 void TestFirstUse::numberFieldHintsAtRefusedCharacters()
