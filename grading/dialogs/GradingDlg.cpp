@@ -19,8 +19,8 @@
 #include <QButtonGroup>
 #include <QContextMenuEvent>
 #include <QDialogButtonBox>
-#include <QLabel>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
@@ -273,8 +273,8 @@ bool GradingDlg::OnListKey(QObject* list, int key)
     // Insert, F2 and Delete run the list menu's New, Edit and Delete.
     if (list == m_typesPage->List()) {
         const int row = m_typesPage->SelectedRow();
-        const int command = key == Qt::Key_Insert ? NewTypeCommand
-                            : key == Qt::Key_F2   ? EditTypeCommand
+        const int command = key == Qt::Key_Insert   ? NewTypeCommand
+                            : key == Qt::Key_F2     ? EditTypeCommand
                             : key == Qt::Key_Delete ? DeleteTypeCommand
                                                     : 0;
         if (command == 0)

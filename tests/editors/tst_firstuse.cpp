@@ -3,6 +3,7 @@
 // its first field, a typed building stays with its instructor, the building
 // box has the Buildings dialog's limit, list keys and the number field's hint.
 #include "EditorRecords.h"
+#include "app/TodayCompanionDlg.h"
 #include "controls/DialogRunner.h"
 #include "controls/FirstField.h"
 #include "controls/HelpViewer.h"
@@ -23,6 +24,7 @@
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgScalePage.h"
 #include "grading/dialogs/MinimumPercentEditor.h"
+#include "outlook/dialogs/ExportFoldersDlg.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
@@ -31,11 +33,12 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QPushButton>
-#include <QTextBrowser>
-#include <QTreeWidget>
 #include <QSignalSpy>
 #include <QTabWidget>
+#include <QTextBrowser>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <functional>
@@ -99,9 +102,7 @@ OpenEditor Open(const QString& kind)
         auto* dialog = new GradingDlg(CourseWithScale(QStringLiteral("Art")), true);
         open.dialog.reset(dialog);
         open.count = [dialog] { return int(dialog->TypeEntries().size()); };
-        open.editorOpen = [dialog] {
-            return dialog->EditingTypeRow() != GradingDlg::NotEditing;
-        };
+        open.editorOpen = [dialog] { return dialog->EditingTypeRow() != GradingDlg::NotEditing; };
     } else {
         auto* dialog = new GradingDlg(CourseWithScale(QStringLiteral("Art")));
         open.dialog.reset(dialog);
@@ -150,6 +151,8 @@ private slots:
     void escapeWithoutEditorCancelsTheDialog();
     void dialogsOpenInTheirFirstField_data();
     void dialogsOpenInTheirFirstField();
+    void editorMenusHaveMnemonics_data();
+    void editorMenusHaveMnemonics();
     void typedBuildingStaysWithItsInstructor_data();
     void typedBuildingStaysWithItsInstructor();
     void instructorBoxFollowsTheTypedName();
@@ -202,8 +205,7 @@ void TestFirstUse::keysActOnTheEntryEditorFirst()
     QVERIFY(QApplication::focusWidget());
 
     MessageAnswers answers;
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key),
-                    Qt::KeyboardModifiers(modifiers));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
 
     QVERIFY(!open.editorOpen());
     QCOMPARE(open.count(), before + added);
@@ -232,6 +234,10 @@ void TestFirstUse::dialogsOpenInTheirFirstField_data()
     QTest::newRow("Add Coursework") << QStringLiteral("coursework") << QStringLiteral("nameEdit");
     QTest::newRow("Buildings") << QStringLiteral("buildings") << QStringLiteral("buildingList");
     QTest::newRow("Institution") << QStringLiteral("institution") << QStringLiteral("scaleCombo");
+    QTest::newRow("Export Folders")
+        << QStringLiteral("export folders") << QStringLiteral("tasksFolderEdit");
+    QTest::newRow("Today Companion")
+        << QStringLiteral("today") << QStringLiteral("startAtLoginBox");
 }
 
 void TestFirstUse::dialogsOpenInTheirFirstField()
@@ -253,6 +259,10 @@ void TestFirstUse::dialogsOpenInTheirFirstField()
         dialog.reset(courseworkDlg);
     } else if (kind == QLatin1String("buildings")) {
         dialog = std::make_unique<BuildingDlg>();
+    } else if (kind == QLatin1String("export folders")) {
+        dialog = std::make_unique<ExportFoldersDlg>();
+    } else if (kind == QLatin1String("today")) {
+        dialog = std::make_unique<TodayCompanionDlg>();
     } else {
         dialog = std::make_unique<InstitutionDlg>();
     }
@@ -266,6 +276,35 @@ void TestFirstUse::dialogsOpenInTheirFirstField()
     });
     DialogRunner::Run(*dialog);
     QCOMPARE(focused, field);
+}
+
+void TestFirstUse::editorMenusHaveMnemonics_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("course editor") << QStringLiteral("course");
+    QTest::newRow("coursework editor") << QStringLiteral("coursework");
+    QTest::newRow("instructors editor") << QStringLiteral("instructors");
+}
+
+void TestFirstUse::editorMenusHaveMnemonics()
+{
+    QFETCH(QString, kind);
+    std::unique_ptr<QDialog> dialog;
+    if (kind == QLatin1String("course"))
+        dialog = std::make_unique<CourseDlg>();
+    else if (kind == QLatin1String("coursework"))
+        dialog = std::make_unique<CourseworkDlg>();
+    else
+        dialog = std::make_unique<InstructorDlg>(InstructorDlg::AllInstructors);
+
+    const auto* bar = dialog->findChild<QMenuBar*>();
+    QVERIFY(bar);
+    QVERIFY(!bar->actions().isEmpty());
+    // Every menu of the bar, the export's too, opens with Alt and a letter.
+    for (const QAction* menu : bar->actions()) {
+        const QString title = menu->text();
+        QVERIFY2(!QKeySequence::mnemonic(title).isEmpty(), qPrintable(title));
+    }
 }
 
 void TestFirstUse::typedBuildingStaysWithItsInstructor_data()

@@ -6,6 +6,7 @@
 #include "grading/dialogs/GradeChart.h"
 #include "grading/dialogs/GradingDlg.h"
 #include "grading/dialogs/GradingDlgTypesPage.h"
+#include "res/strings/ControlStrings.h"
 #include "res/strings/GradingPolicyStrings.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
@@ -69,10 +70,9 @@ void TestGradingFaults::untouchedNewTypeIsDropped_data()
                                << QStringList{QStringLiteral("Homework")};
     QTest::newRow("named") << QStringLiteral("Labs") << QString() << true << QStringList()
                            << QStringList{QStringLiteral("Homework"), QStringLiteral("Labs")};
-    QTest::newRow("weight without a name")
-        << QString() << QStringLiteral("5") << false
-        << QStringList{GradingPolicyStrings::TypeNameEmpty()}
-        << QStringList{QStringLiteral("Homework")};
+    QTest::newRow("weight without a name") << QString() << QStringLiteral("5") << false
+                                           << QStringList{GradingPolicyStrings::TypeNameEmpty()}
+                                           << QStringList{QStringLiteral("Homework")};
 }
 
 void TestGradingFaults::untouchedNewTypeIsDropped()
@@ -93,7 +93,8 @@ void TestGradingFaults::untouchedNewTypeIsDropped()
     CwTypeEditor* editor = dialog.TypesPage()->Editor();
     QTest::keyClicks(editor->NameEdit(), typedName);
     if (!typedWeight.isEmpty()) {
-        auto* weight = dialog.TypesPage()->findChild<CNumericEdit*>(QStringLiteral("cwTypeWeightEdit"));
+        auto* weight =
+            dialog.TypesPage()->findChild<CNumericEdit*>(QStringLiteral("cwTypeWeightEdit"));
         QVERIFY(weight);
         weight->setText(typedWeight);
     }
@@ -124,8 +125,8 @@ void TestGradingFaults::failedWriteRollsBack()
     QVERIFY(db.IsReady());
     quint32 type = 0;
     const quint32 course = CourseWithType(&type);
-    QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + refusedStep +
-                                            " ON " + refusedTable +
+    QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + refusedStep + " ON " +
+                                            refusedTable +
                                             " BEGIN SELECT RAISE(ABORT, 'refused'); END"));
 
     GradingDlg dialog(course, true);
@@ -141,7 +142,9 @@ void TestGradingFaults::failedWriteRollsBack()
     dialog.accept();
 
     QCOMPARE(dialog.result(), 0); // still open
-    QCOMPARE(answers.Texts(), QStringList{GradingPolicyStrings::PolicyNotSaved()});
+    // The store's own reason, through the message every failed OK shows.
+    QCOMPARE(answers.Texts(),
+             QStringList{ControlStrings::ChangeNotSaved(QStringLiteral("refused"))});
     QCOMPARE(TypeNames(course), QStringList{QStringLiteral("Homework")});
     QCOMPARE(Records::Count("CwTypeOrder"), 1);
     QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
@@ -152,8 +155,8 @@ void TestGradingFaults::chartStaysBounded_data()
 {
     QTest::addColumn<double>("fraction");
     QTest::newRow("an ordinary grade") << 0.87;
-    QTest::newRow("950000 %") << 9500.0;        // 95 of 0.0001 points
-    QTest::newRow("beyond 1e15 %") << 1e14;     // a step of 20 no longer moves
+    QTest::newRow("950000 %") << 9500.0;    // 95 of 0.0001 points
+    QTest::newRow("beyond 1e15 %") << 1e14; // a step of 20 no longer moves
     QTest::newRow("largest double") << std::numeric_limits<double>::max();
     QTest::newRow("infinite") << std::numeric_limits<double>::infinity();
 }

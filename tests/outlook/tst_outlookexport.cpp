@@ -4,6 +4,7 @@
 #include "ExportFixture.h"
 #include "app/MainView.h"
 #include "controls/HelpViewer.h"
+#include "controls/Mnemonic.h"
 #include "editors/CourseworkDlg.h"
 #include "editors/CourseworkDlgExport.h"
 #include "editors/CourseworkDlgInfoPage.h"
@@ -100,7 +101,7 @@ void TestOutlookExport::exportMenuComesBeforeAdd()
     CourseworkDlg dialog;
     const QList<QAction*> menus = dialog.findChild<QMenuBar*>()->actions();
     QCOMPARE(menus.size(), 2);
-    QCOMPARE(menus[0]->text(), ExportStrings::MenuExport());
+    QCOMPARE(menus[0]->text(), WithMnemonic(ExportStrings::MenuExport()));
     QCOMPARE(menus[1]->menu()->objectName(), u"menuAdd"_s);
     QStringList items;
     for (QAction* item : menus[0]->menu()->actions())
