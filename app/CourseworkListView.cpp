@@ -65,24 +65,40 @@ void CCourseworkListView::contextMenuEvent(QContextMenuEvent* event)
         event->ignore();
 }
 
-void CCourseworkListView::ExplainPredictedScore(const QPoint& position)
+bool CCourseworkListView::ExplainPredictedScore(const QPoint& position)
 {
     if (!CPredictionStore::Instance().IsActive())
-        return;
+        return false;
     if (position.x() < viewport()->width() - PredictionZoneWidth())
-        return;
+        return false;
     const QModelIndex index = indexAt(position);
     if (!index.isValid() || index.data(CCourseworkDelegate::HeaderRole).toBool())
-        return;
-    if (index.data(CCourseworkDelegate::ScoreSourceRole).toInt() != 0)
-        BrindleMessageBox::Inform(this, ViewStrings::UnofficialScore());
+        return false;
+    if (index.data(CCourseworkDelegate::ScoreSourceRole).toInt() == 0)
+        return false;
+    // Set before the box opens: the hold timer runs on while it is up.
+    m_pressAnswered = true;
+    BrindleMessageBox::Inform(this, ViewStrings::UnofficialScore());
+    return true;
 }
 
 void CCourseworkListView::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton) {
+        m_pressAnswered = false;
         ExplainPredictedScore(event->position().toPoint());
+    }
     QListView::mousePressEvent(event);
+}
+
+QMenu* CCourseworkListView::OnPressAndHold(const QPoint& position)
+{
+    // The message box swallowed the release, so the press looks held.
+    if (m_pressAnswered) {
+        m_pressAnswered = false;
+        return nullptr;
+    }
+    return OpenContextMenu(position);
 }
 
 void CCourseworkListView::mouseDoubleClickEvent(QMouseEvent* event)
@@ -96,6 +112,16 @@ void CCourseworkListView::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CCourseworkListView::keyPressEvent(QKeyEvent* event)
 {
+    // Delete asks just as the row's "Delete Coursework" does.
+    if (event->key() == Qt::Key_Delete) {
+        const QModelIndex index = currentIndex();
+        if (index.isValid() && !index.data(CCourseworkDelegate::HeaderRole).toBool()) {
+            emit DeleteCourseworkRequested(
+                index.data(CCourseworkDelegate::CourseworkIdRole).toUInt());
+            event->accept();
+            return;
+        }
+    }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         const QModelIndex index = currentIndex();
         if (index.isValid() && !index.data(CCourseworkDelegate::HeaderRole).toBool()) {
@@ -114,7 +140,7 @@ bool CCourseworkListView::viewportEvent(QEvent* event)
         if (auto* hold =
                 static_cast<QTapAndHoldGesture*>(gestures->gesture(Qt::TapAndHoldGesture))) {
             if (hold->state() == Qt::GestureFinished)
-                OpenContextMenu(viewport()->mapFromGlobal(hold->position().toPoint()));
+                OnPressAndHold(viewport()->mapFromGlobal(hold->position().toPoint()));
             gestures->accept(hold);
             return true;
         }

@@ -26,6 +26,11 @@ public:
     // The rightmost part of a row where a click explains a predicted score.
     int PredictionZoneWidth() const;
 
+    // A press held at a viewport position (the touch screen's right click):
+    // the row's menu, unless that press already showed the predicted-score
+    // message, whose box took the release. Returns the menu or nullptr.
+    QMenu* OnPressAndHold(const QPoint& position);
+
 signals:
     void CourseworkOpened(quint32 courseworkId);
     void DeleteCourseworkRequested(quint32 courseworkId);
@@ -38,5 +43,8 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void ExplainPredictedScore(const QPoint& position);
+    // True when it showed the message.
+    bool ExplainPredictedScore(const QPoint& position);
+
+    bool m_pressAnswered = false;
 };

@@ -9,7 +9,7 @@
 QString CourseGradeText(quint32 courseId)
 {
     const double grade = GetCourseGrade(courseId);
-    if (grade == -1.0)
+    if (!GradeText::HasScore(grade))
         return ViewStrings::GradeNone();
     const QString gradeName =
         CGradeScaleTable::GetGradeNameFromGrade(GetGradeIndex(courseId, grade));
@@ -29,6 +29,5 @@ QString GradeBarText()
     const double gpa = GetSemesterGPA(state.GetShowGPAWithHours() != 0, false);
     if (gpa == -1.0)
         return ViewStrings::GpaNone();
-    // Two decimals as C prints them, like every number of the grade texts.
-    return ViewStrings::GpaValue(QString::asprintf("%.2f", gpa));
+    return ViewStrings::GpaValue(GradeText::FixedText(gpa, 2));
 }

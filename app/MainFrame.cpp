@@ -5,6 +5,8 @@
 #include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
+#include "controls/Mnemonic.h"
+#include "grading/PredictedGrades.h"
 #include "grading/PredictionStore.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/PlannerStrings.h"
@@ -95,11 +97,11 @@ void CMainFrame::BuildActions()
 
 void CMainFrame::BuildMenus()
 {
-    m_courseMenuNoCourse = new QMenu(AppStrings::MenuCourse(), this);
+    m_courseMenuNoCourse = new QMenu(WithMnemonic(AppStrings::MenuCourse()), this);
     m_courseMenuNoCourse->setObjectName(QStringLiteral("menuCourseNoCourse"));
     m_courseMenuNoCourse->addActions({m_newCourse, m_sortCourses});
 
-    m_courseMenuWithCourse = new QMenu(AppStrings::MenuCourse(), this);
+    m_courseMenuWithCourse = new QMenu(WithMnemonic(AppStrings::MenuCourse()), this);
     m_courseMenuWithCourse->setObjectName(QStringLiteral("menuCourseWithCourse"));
     m_courseMenuWithCourse->addActions(
         {m_newCourse, m_sortCourses, m_deleteCourse, m_progressReport});
@@ -107,7 +109,7 @@ void CMainFrame::BuildMenus()
     m_courseMenuWithCourse->addActions(
         {m_addCoursework, m_editCourse, m_editInstructors, m_editGradingPolicy});
 
-    m_toolsMenu = new QMenu(AppStrings::MenuTools(), this);
+    m_toolsMenu = new QMenu(WithMnemonic(AppStrings::MenuTools()), this);
     m_toolsMenu->setObjectName(QStringLiteral("menuTools"));
     m_toolsMenu->addActions({m_about, m_database});
     m_toolsMenu->addSeparator();
@@ -120,7 +122,7 @@ void CMainFrame::BuildMenus()
     m_toolsMenu->addSeparator();
     m_toolsMenu->addAction(m_exportFolders);
 
-    m_predictionMenu = new QMenu(AppStrings::MenuPrediction(), this);
+    m_predictionMenu = new QMenu(WithMnemonic(AppStrings::MenuPrediction()), this);
     m_predictionMenu->setObjectName(QStringLiteral("menuPrediction"));
     m_predictionMenu->addActions({m_predictionOptions, m_togglePrediction});
 
@@ -206,6 +208,8 @@ void CMainFrame::RefreshAll()
 void CMainFrame::OnTogglePrediction()
 {
     CPredictionStore::Instance().Toggle();
+    // Scores to give set before the mode went on count from the start.
+    RecomputePredictedGrades();
     RefreshGradeBar();
     RefreshList();
     RefreshLayout();

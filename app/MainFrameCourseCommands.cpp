@@ -34,8 +34,10 @@ void CMainFrame::WireCourseCommands()
             return;
         RefreshCourseSelector();
         RefreshTypeFilter();
-        if (state.GetCurrentTabID() == CViewTabTable::CwTypeTab)
-            RefreshList();
+        // The list's headers carry the course name; the hours and "Grading..."
+        // reach the grade bar.
+        RefreshList();
+        RefreshGradeBar();
     });
 
     Connect(m_deleteCourse, [this] {

@@ -4,7 +4,6 @@
 #include "controls/DialogRunner.h"
 #include "editors/CourseworkDlg.h"
 #include "grading/GradeCalculation.h"
-#include "grading/PredictionStore.h"
 #include "grading/dialogs/GradingDlg.h"
 
 // Coursework and grading policy: Add Coursework, Edit Grading Policy, and
@@ -19,10 +18,10 @@ void CMainFrame::WireCourseworkCommands()
         dialog.SetNew(true);
         if (!dialog.OnInitDialog() || DialogRunner::Run(dialog) != QDialog::Accepted)
             return;
-        if (state.GetCurrentSemesterID() != WorkingSemesterID ||
-            CPredictionStore::Instance().IsActive())
-            return;
+        // Also in prediction mode and on an archived semester: the new item
+        // and its grade show at once. Its "Add" menu may have added a type.
         RefreshLayout();
+        RefreshTypeFilter();
         RefreshList();
         RefreshGradeBar();
     });
@@ -37,8 +36,8 @@ void CMainFrame::WireCourseworkCommands()
             return;
         RecomputeCourseGrade(courseId);
         RefreshTypeFilter();
-        if (state.GetCurrentTabID() == CViewTabTable::CwTypeTab)
-            RefreshList();
+        // Deleted types move their coursework; every tab can show it.
+        RefreshList();
         RefreshGradeBar();
     });
 
@@ -48,6 +47,7 @@ void CMainFrame::WireCourseworkCommands()
         dialog.SetNew(false);
         if (!dialog.OnInitDialog() || DialogRunner::Run(dialog) != QDialog::Accepted)
             return;
+        RefreshTypeFilter();
         RefreshList();
         RefreshGradeBar();
     };

@@ -2,6 +2,7 @@
 
 #include "BrindleData.h"
 #include "controls/DialogRunner.h"
+#include "grading/PredictedGrades.h"
 #include "grading/PredictionStore.h"
 #include "grading/dialogs/GradePlannerDlg.h"
 #include "grading/dialogs/GradePredictionDlg.h"
@@ -17,6 +18,8 @@ void CMainFrame::WireGradeCommands()
         GradePredictionDlg dialog(this);
         if (DialogRunner::Run(dialog) != QDialog::Accepted)
             return;
+        // The list shows the new scores to give at once; the grades follow.
+        RecomputePredictedGrades();
         RefreshGradeBar();
         RefreshList();
     });
@@ -25,18 +28,14 @@ void CMainFrame::WireGradeCommands()
         InstitutionDlg dialog(this);
         if (DialogRunner::Run(dialog) != QDialog::Accepted)
             return;
-        // Only the GPA shown under All Courses depends on the scale and past
-        // hours; a course's grade bar does not.
-        if (CAppStateTable::Instance().GetCurrentCourseID() == AllCoursesID)
-            RefreshGradeBar();
+        // The scale names every grade and its points: a course's grade bar
+        // shows a grade name, All Courses the GPA.
+        RefreshGradeBar();
     });
 
     // The reports write nothing, but the view is brought up to date after
     // them just as after adding coursework.
     auto refreshAfterReport = [this] {
-        if (CAppStateTable::Instance().GetCurrentSemesterID() != WorkingSemesterID ||
-            CPredictionStore::Instance().IsActive())
-            return;
         RefreshLayout();
         RefreshList();
         RefreshGradeBar();

@@ -13,6 +13,15 @@ if(BRINDLE_SANITIZE)
     target_link_options(brindle_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# The locale every test runs under: C.UTF-8, or the one in the environment
+# variable BRINDLE_TEST_LOCALE when CMake runs (CI runs the suite a second
+# time under a locale whose decimal separator is a comma).
+if(DEFINED ENV{BRINDLE_TEST_LOCALE} AND NOT "$ENV{BRINDLE_TEST_LOCALE}" STREQUAL "")
+    set(BRINDLE_TEST_LOCALE "$ENV{BRINDLE_TEST_LOCALE}")
+else()
+    set(BRINDLE_TEST_LOCALE "C.UTF-8")
+endif()
+
 # brindle_add_test(NAME SOURCES... LIBS ...): one QtTest executable registered
 # with CTest, run on the offscreen platform with a fixed locale.
 function(brindle_add_test name)
@@ -29,7 +38,7 @@ function(brindle_add_test name)
     endforeach()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=C.UTF-8;LC_ALL=C.UTF-8;BRINDLE_INSTALL_DIR=${BRINDLE_STAGED_DATA_DIR};ASAN_OPTIONS=detect_leaks=0"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=${BRINDLE_TEST_LOCALE};LC_ALL=${BRINDLE_TEST_LOCALE};BRINDLE_INSTALL_DIR=${BRINDLE_STAGED_DATA_DIR};ASAN_OPTIONS=detect_leaks=0"
         TIMEOUT 300)
 endfunction()
 

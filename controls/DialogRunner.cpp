@@ -1,5 +1,7 @@
 #include "DialogRunner.h"
 
+#include "FirstField.h"
+
 namespace DialogRunner {
 
 namespace {
@@ -8,6 +10,8 @@ Hook g_hook;
 
 int Run(QDialog& dialog)
 {
+    // Whatever is typed first goes into the dialog's first field.
+    FirstField::Focus(&dialog);
     if (g_hook)
         return g_hook(dialog);
     return dialog.exec();

@@ -3,9 +3,11 @@
 #include <QLineEdit>
 
 // The numeric field of every numeric value Brindle edits. It takes digits, a
-// leading minus and (unless whole numbers only) one decimal separator, the
-// user's locale's or a point; letters cannot be typed. An empty field reads as
-// EmptyValue. Ranges are the dialogs' business: they say what is wrong.
+// leading minus, (unless whole numbers only) one decimal separator, the
+// user's locale's or a point, and an exponent ("1e5" is 100000, as numbers
+// too large for plain digits are shown). Other characters are refused with a
+// short hint beside the field. An empty field reads as EmptyValue. Ranges are
+// the dialogs' business: they say what is wrong.
 class CNumericEdit : public QLineEdit
 {
     Q_OBJECT
@@ -25,8 +27,13 @@ public:
     // EmptyValue empties the field.
     void SetValue(double value);
 
+signals:
+    // A typed character was refused; the hint is shown beside the field.
+    void HintShown(const QString& hint);
+
 private:
     void UpdateValidator();
+    void ShowHint();
 
     bool m_wholeNumbers = false;
 };

@@ -35,6 +35,8 @@ public:
 protected:
     void FillMenu(QMenu& menu, int row) override;
     void EditRow(int row) override { EditBuilding(row); }
+    void NewRow() override { NewBuilding(); }
+    void DeleteRow(int row) override { DeleteBuilding(row); }
     bool ApplyEditor() override;
 
 private:

@@ -11,6 +11,7 @@
 #include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
+#include "controls/Mnemonic.h"
 #include "controls/NumericEdit.h"
 #include "controls/TextDlg.h"
 #include "grading/dialogs/GradingDlg.h"
@@ -75,7 +76,7 @@ CourseDlg::~CourseDlg()
 void CourseDlg::BuildMenu()
 {
     m_menuBar->setObjectName(QStringLiteral("menuBar"));
-    QMenu* advanced = m_menuBar->addMenu(EditorStrings::MenuAdvanced());
+    QMenu* advanced = m_menuBar->addMenu(WithMnemonic(EditorStrings::MenuAdvanced()));
     advanced->setObjectName(QStringLiteral("menuAdvanced"));
     m_gradingAction = advanced->addAction(EditorStrings::Grading(), this, &CourseDlg::OnGrading);
     m_gradingAction->setObjectName(QStringLiteral("actionGrading"));

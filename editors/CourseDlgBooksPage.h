@@ -28,6 +28,8 @@ public:
 protected:
     void FillMenu(QMenu& menu, int row) override;
     void EditRow(int row) override { EditTextbook(row); }
+    void NewRow() override { NewTextbook(); }
+    void DeleteRow(int row) override { DeleteTextbook(row); }
     bool ApplyEditor() override;
 
 private:

@@ -8,6 +8,7 @@
 #include "controls/HelpViewer.h"
 #include "controls/ListChooserDlg.h"
 #include "controls/MessageBox.h"
+#include "controls/Mnemonic.h"
 #include "controls/NumericEdit.h"
 #include "editors/CourseDlg.h"
 #include "grading/GradeCalculation.h"
@@ -19,6 +20,7 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QTabWidget>
@@ -54,7 +56,7 @@ CourseworkDlg::CourseworkDlg(QWidget* parent)
 
     auto* bar = new QMenuBar(this);
     m_export->AddMenu(bar);
-    QMenu* add = bar->addMenu(CourseworkStrings::MenuAdd());
+    QMenu* add = bar->addMenu(WithMnemonic(CourseworkStrings::MenuAdd()));
     add->setObjectName(QStringLiteral("menuAdd"));
     m_addCwType = add->addAction(CourseworkStrings::AddCwType());
     m_addCwType->setObjectName(QStringLiteral("actionAddCwType"));
@@ -68,8 +70,15 @@ CourseworkDlg::CourseworkDlg(QWidget* parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &CourseworkDlg::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &CourseworkDlg::reject);
 
+    // Said before anything is typed: in prediction mode scores stay in memory.
+    auto* predictionNote = new QLabel(CourseworkStrings::PredictionNotSaved(), this);
+    predictionNote->setObjectName(QStringLiteral("predictionNote"));
+    predictionNote->setWordWrap(true);
+    predictionNote->setVisible(CPredictionStore::Instance().IsActive());
+
     auto* layout = new QVBoxLayout(this);
     layout->setMenuBar(bar);
+    layout->addWidget(predictionNote);
     layout->addWidget(m_pages);
     layout->addWidget(buttons);
 

@@ -1,6 +1,7 @@
 #include "CourseworkDlgExport.h"
 
 #include "ExportFailureText.h"
+#include "controls/Mnemonic.h"
 #include "outlook/CourseworkItemExport.h"
 #include "outlook/OutlookLinks.h"
 #include "outlook/PimLibrary.h"
@@ -23,7 +24,7 @@ CourseworkDlgExport::~CourseworkDlgExport()
 
 void CourseworkDlgExport::AddMenu(QMenuBar* bar)
 {
-    QMenu* menu = bar->addMenu(ExportStrings::MenuExport());
+    QMenu* menu = bar->addMenu(WithMnemonic(ExportStrings::MenuExport()));
     menu->setObjectName(QStringLiteral("menuExport"));
     m_tasks = menu->addAction(ExportStrings::Tasks());
     m_tasks->setObjectName(QStringLiteral("actionExportTasks"));

@@ -8,6 +8,7 @@
 #include "controls/HelpViewer.h"
 #include "controls/ListChooserDlg.h"
 #include "controls/MessageBox.h"
+#include "controls/Mnemonic.h"
 #include "res/strings/EditorStrings.h"
 
 #include <QComboBox>
@@ -55,6 +56,11 @@ InstructorDlg::InstructorDlg(quint32 courseId, QWidget* parent)
     m_pages->addTab(m_roomPage, EditorStrings::PageRoom());
     connect(m_hoursPage, &CListEditPage::EditorOpenChanged, this, &InstructorDlg::SetEditorOpen);
     connect(m_basicPage->InstructorBox(), &QComboBox::activated, this, &InstructorDlg::SelectEntry);
+    // "Current Instructors" names the shown entry as it is being typed.
+    connect(m_basicPage->NameEdit(), &QLineEdit::textEdited, this, [this](const QString& name) {
+        if (m_shown >= 0)
+            m_basicPage->InstructorBox()->setItemText(m_shown, name);
+    });
 
     m_buttons->setObjectName(QStringLiteral("buttons"));
     connect(m_buttons, &QDialogButtonBox::accepted, this, &InstructorDlg::accept);
@@ -76,7 +82,7 @@ InstructorDlg::InstructorDlg(quint32 courseId, QWidget* parent)
 void InstructorDlg::BuildMenus()
 {
     m_menuBar->setObjectName(QStringLiteral("menuBar"));
-    QMenu* newMenu = m_menuBar->addMenu(EditorStrings::MenuNew());
+    QMenu* newMenu = m_menuBar->addMenu(WithMnemonic(EditorStrings::MenuNew()));
     newMenu->setObjectName(QStringLiteral("menuNew"));
     if (m_courseId != AllInstructors) {
         m_fromPrevious =
@@ -86,7 +92,7 @@ void InstructorDlg::BuildMenus()
     m_brandNew = newMenu->addAction(EditorStrings::BrandNew(), this, &InstructorDlg::OnBrandNew);
     m_brandNew->setObjectName(QStringLiteral("actionBrandNew"));
 
-    QMenu* deleteMenu = m_menuBar->addMenu(EditorStrings::MenuDelete());
+    QMenu* deleteMenu = m_menuBar->addMenu(WithMnemonic(EditorStrings::MenuDelete()));
     deleteMenu->setObjectName(QStringLiteral("menuDelete"));
     m_deleteCurrent = deleteMenu->addAction(EditorStrings::CurrentInstructor(), this,
                                             &InstructorDlg::OnDeleteCurrent);

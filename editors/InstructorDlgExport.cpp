@@ -2,6 +2,7 @@
 
 #include "ExportFailureText.h"
 #include "InstructorDlg.h"
+#include "controls/Mnemonic.h"
 #include "outlook/ContactExport.h"
 #include "outlook/OutlookLinks.h"
 #include "outlook/PimLibrary.h"
@@ -24,7 +25,7 @@ InstructorDlgExport::~InstructorDlgExport()
 
 QAction* InstructorDlgExport::AddMenu(QMenuBar* bar)
 {
-    QMenu* menu = bar->addMenu(ExportStrings::MenuExport());
+    QMenu* menu = bar->addMenu(WithMnemonic(ExportStrings::MenuExport()));
     menu->setObjectName(QStringLiteral("menuExport"));
     QAction* contacts = menu->addAction(ExportStrings::Contacts());
     contacts->setObjectName(QStringLiteral("actionExportContacts"));

@@ -1,8 +1,11 @@
 #include "ListEditPage.h"
 
+#include "controls/EntryEditorKeys.h"
+
 #include <QDialogButtonBox>
 #include <QGestureEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -24,6 +27,7 @@ CListEditPage::CListEditPage(const QString& hint, const QString& picture, QWidge
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     m_list->viewport()->grabGesture(Qt::TapAndHoldGesture);
     m_list->viewport()->installEventFilter(this);
+    m_list->installEventFilter(this);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CListEditPage::ShowMenuAt);
     connect(m_list, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* item) { EditRow(m_list->row(item)); });
@@ -31,6 +35,10 @@ CListEditPage::CListEditPage(const QString& hint, const QString& picture, QWidge
     m_editorButtons->setObjectName(QStringLiteral("editorButtons"));
     connect(m_editorButtons, &QDialogButtonBox::accepted, this, [this] { FinishEditor(true); });
     connect(m_editorButtons, &QDialogButtonBox::rejected, this, [this] { FinishEditor(false); });
+    // Return and Escape act on the open editor before they reach the dialog.
+    new CEntryEditorKeys(
+        m_panel, [this] { return IsEditorOpen(); }, [this] { FinishEditor(true); },
+        [this] { FinishEditor(false); });
     auto* panelLayout = new QVBoxLayout(m_panel);
     panelLayout->setContentsMargins(0, 0, 0, 0);
     panelLayout->addWidget(m_editorButtons);
@@ -127,6 +135,24 @@ void CListEditPage::ShowMenuAt(const QPoint& listPos)
 
 bool CListEditPage::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == m_list && event->type() == QEvent::KeyPress && !IsEditorOpen()) {
+        const int row = SelectedRow();
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Insert:
+            NewRow();
+            return true;
+        case Qt::Key_F2:
+            if (row >= 0)
+                EditRow(row);
+            return true;
+        case Qt::Key_Delete:
+            if (row >= 0)
+                DeleteRow(row);
+            return true;
+        default:
+            break;
+        }
+    }
     // Press-and-hold on a touch screen opens the same menu as a right click.
     // The type is asked first: the list may be half destroyed when other events arrive.
     if (event->type() == QEvent::Gesture && watched == m_list->viewport()) {

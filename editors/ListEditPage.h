@@ -10,7 +10,8 @@ class QStackedWidget;
 
 // A page of an editor that lists entries and edits one of them in place: a
 // hint, the list (with its context menu on right click, press-and-hold and
-// the Menu key, and double-click as Edit), a picture, and an entry editor
+// the Menu key, double-click as Edit, and the keys Insert, F2 and Delete for
+// New, Edit and Delete), a picture, and an entry editor
 // that takes the list's place while it is open. While the editor is open the
 // host dialog disables everything else (see EditorOpenChanged).
 class CListEditPage : public QWidget
@@ -44,7 +45,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     virtual void FillMenu(QMenu& menu, int row) = 0;
+    // The menu's New, Edit and Delete, also on Insert, F2 and Delete.
+    virtual void NewRow() = 0;
     virtual void EditRow(int row) = 0;
+    virtual void DeleteRow(int row) = 0;
     // Applies the editor's fields to the entries; false keeps the editor open.
     virtual bool ApplyEditor() = 0;
 

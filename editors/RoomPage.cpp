@@ -1,5 +1,6 @@
 #include "RoomPage.h"
 
+#include "BuildingListPage.h"
 #include "BuildingTable.h"
 #include "res/strings/EditorStrings.h"
 
@@ -18,6 +19,8 @@ CRoomPage::CRoomPage(bool withWebSite, const QString& picture, QWidget* parent)
     m_building->setEditable(true);
     // A typed name stays a name; OK looks it up or creates the building.
     m_building->setInsertPolicy(QComboBox::NoInsert);
+    // The same limit as a name typed in the Buildings dialog.
+    m_building->lineEdit()->setMaxLength(CBuildingListPage::NameLimit);
     m_roomNumber->setObjectName(QStringLiteral("roomNumber"));
     m_roomNumber->setMaxLength(RoomNumberLimit);
 
@@ -65,8 +68,10 @@ void CRoomPage::SelectBuildingName(const QString& name)
 {
     const int index = name.isEmpty() ? -1 : m_building->findText(name, Qt::MatchExactly);
     m_building->setCurrentIndex(index);
+    // A name typed but not stored yet is still this entry's building; OK
+    // creates it.
     if (index < 0)
-        m_building->setEditText(QString());
+        m_building->setEditText(name);
 }
 
 QString CRoomPage::BuildingText() const

@@ -28,6 +28,8 @@ public:
 protected:
     void FillMenu(QMenu& menu, int row) override;
     void EditRow(int row) override { EditTime(row); }
+    void NewRow() override { NewTime(); }
+    void DeleteRow(int row) override { DeleteTime(row); }
     bool ApplyEditor() override;
 
 private:

@@ -8,6 +8,7 @@
 #include "GPAInfoTable.h"
 #include "GradeCalculation.h"
 #include "GradeScaleTable.h"
+#include "GradeText.h"
 #include "PredictionStore.h"
 
 #include <array>
@@ -41,8 +42,9 @@ public:
             return; // a dangling order row: nothing to count
         if (inMajorOnly && m_course.GetInMajor() == 0)
             return;
+        // No grade yet, or one that is not a number (0/0): nothing to count.
         const double fraction = Grade(courseId);
-        if (fraction < 0.0)
+        if (fraction < 0.0 || !GradeText::HasScore(fraction))
             return;
         const double points = Points(GetGradeIndex(courseId, fraction));
         if (!m_weighted) {

@@ -1,13 +1,25 @@
 #include "GradeText.h"
 
 #include <cmath>
-#include <cstdio>
 
 namespace GradeText {
 
+namespace {
+// The share of a hundredth below which an excess is taken as binary noise.
+constexpr double NoiseShare = 1e-9;
+} // namespace
+
+bool HasScore(double fraction)
+{
+    return fraction != -1.0 && std::isfinite(fraction);
+}
+
 double PercentOf(double fraction)
 {
-    return std::ceil(fraction * 10000.0) * 0.01;
+    const double hundredths = fraction * 10000.0;
+    const double below = std::floor(hundredths);
+    const double rounded = hundredths - below < NoiseShare ? below : std::ceil(hundredths);
+    return rounded * 0.01;
 }
 
 double PercentOfCut(double fraction)
@@ -20,15 +32,21 @@ QString NumberToText(double value)
 {
     if (value == 0.0)
         return QStringLiteral("0");
-    if (value == std::trunc(value) && std::fabs(value) < 2147483648.0)
-        return QString::number(static_cast<int>(value));
-    // "%f" as C formats it, whatever the user's locale; then trailing zeros go.
-    char buffer[400];
-    std::snprintf(buffer, sizeof buffer, "%f", value);
-    QString text = QString::fromLatin1(buffer);
+    // QString::number formats as C does, whatever the user's locale.
+    if (std::isfinite(value) && value == std::trunc(value))
+        return QString::number(value, 'f', 0);
+    QString text = QString::number(value, 'f', 6);
     while (text.endsWith(QLatin1Char('0')))
         text.chop(1);
+    // A value a hair below a whole number prints as that number, not "100.".
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
     return text;
+}
+
+QString FixedText(double value, int decimals)
+{
+    return QString::number(value, 'f', decimals);
 }
 
 } // namespace GradeText

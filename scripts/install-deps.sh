@@ -7,10 +7,27 @@ packages=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev qt6-qpa-plugins qt6-svg-dev qt6-tools-dev qt6-l10n-tools libgl-dev
     libsqlite3-dev sqlite3 libical-dev
-    xvfb xauth fonts-dejavu-core dbus
+    xvfb xauth fonts-dejavu-core dbus locales
     # The export is checked by the clients that read it and by a sync to a server.
     todoman khal khard vdirsyncer radicale tzdata
 )
+
+sudo=""
+if [ "$(id -u)" -ne 0 ]; then
+    sudo="sudo"
+fi
+
+# The tests also run under de_DE.UTF-8, whose decimal separator is a comma.
+generate_locale() {
+    if locale -a 2>/dev/null | grep -qi '^de_DE\.utf-\?8$'; then
+        return
+    fi
+    echo "Generating the de_DE.UTF-8 locale"
+    if ! grep -q '^de_DE.UTF-8 UTF-8' /etc/locale.gen 2>/dev/null; then
+        echo 'de_DE.UTF-8 UTF-8' | $sudo tee -a /etc/locale.gen >/dev/null
+    fi
+    $sudo locale-gen >/dev/null
+}
 
 missing=()
 for package in "${packages[@]}"; do
@@ -19,13 +36,11 @@ for package in "${packages[@]}"; do
     fi
 done
 if [ ${#missing[@]} -eq 0 ]; then
+    generate_locale
     exit 0
 fi
 
-sudo=""
-if [ "$(id -u)" -ne 0 ]; then
-    sudo="sudo"
-fi
 echo "Installing: ${missing[*]}"
 $sudo apt-get update -qq
 DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+generate_locale

@@ -17,7 +17,8 @@ void CAppStateTable::InitializeNewRecordPropArray()
     SetDefault(PropCurrentCourseID, 0xFFFFFFFFu);
     SetDefault(PropCurrentTabID, static_cast<uint>(CViewTabTable::NoFilter));
     SetDefault(PropViewTabDueBy, BrindleDate::FromDate(QDate::currentDate().addDays(7)));
-    SetDefault(PropShowDone, 0);
+    // On, so that coursework given a score (and so done) does not vanish at once.
+    SetDefault(PropShowDone, 1);
     SetDefault(PropShowGPAWithHours, 0);
 }
 

@@ -52,9 +52,32 @@ void GradeChart::ComputeScale()
                 low = std::min(low, band.minimum);
         }
     }
-    // Room for the lowest band below its minimum, in steps of ten.
+    // Room for the lowest band below its minimum, in steps of ten. A percent
+    // far above 100 (a score over a tiny "Out Of") would squeeze every other
+    // row into a sliver: the scale stops at MaxScale and such a bar runs to
+    // the right edge with its percent written beside it.
     m_low = std::clamp(std::floor((low - 5.0) / 10.0) * 10.0, 0.0, 90.0);
-    m_high = std::ceil(high / 10.0) * 10.0;
+    m_high = std::min(std::ceil(high / 10.0) * 10.0, MaxScale);
+}
+
+std::vector<double> GradeChart::Ticks() const
+{
+    // A fixed number of steps from a 10-20-50 series, counted, never summed
+    // up from a double: whatever the range, the axis has a handful of ticks.
+    const double span = m_high - m_low;
+    double step = 10.0;
+    for (double candidate : {10.0, 20.0, 25.0, 50.0, 100.0}) {
+        step = candidate;
+        if (span / candidate <= MaxTicks)
+            break;
+    }
+    // Ticks on whole multiples of the step read best (60, 80, ... not 50, 70).
+    const int first = static_cast<int>(std::ceil(m_low / step - 1e-9));
+    const int last = static_cast<int>(std::floor(m_high / step + 1e-9));
+    std::vector<double> ticks;
+    for (int i = first; i <= last; ++i)
+        ticks.push_back(i * step);
+    return ticks;
 }
 
 int GradeChart::RowHeight() const
@@ -64,17 +87,20 @@ int GradeChart::RowHeight() const
 
 int GradeChart::NameWidth() const
 {
-    int width = fontMetrics().height() * 4;
+    // Names are shown whole up to the longest a course name can be; the
+    // dialog grows to give the chart that width.
+    const int line = fontMetrics().height();
+    int width = line * 4;
     for (const Course& course : m_courses)
-        width = std::max(width, fontMetrics().horizontalAdvance(course.name));
-    return std::min(width, fontMetrics().height() * 9);
+        width = std::max(width, fontMetrics().horizontalAdvance(course.name) + line / 2);
+    return std::min(width, line * 24);
 }
 
 QSize GradeChart::sizeHint() const
 {
     const int line = fontMetrics().height();
     const int rows = std::max<int>(1, static_cast<int>(m_courses.size()));
-    return {line * 24, rows * RowHeight() + line * 2};
+    return {NameWidth() + line * 20, rows * RowHeight() + line * 2};
 }
 
 QSize GradeChart::minimumSizeHint() const
@@ -186,9 +212,7 @@ void GradeChart::PaintAxis(QPainter& painter, const QRect& area) const
 {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawLine(area.topLeft(), area.topRight());
-    const double span = m_high - m_low;
-    const double step = span > 60.0 ? 20.0 : 10.0;
-    for (double value = m_low; value <= m_high + 0.001; value += step) {
+    for (double value : Ticks()) {
         const double x = XOf(area, value);
         painter.drawLine(QPointF(x, area.top()), QPointF(x, area.top() + 4));
         const QString label = GradeText::NumberToText(value);

@@ -30,10 +30,16 @@ public:
     void SetCourses(std::vector<Course> courses);
     const std::vector<Course>& Courses() const { return m_courses; }
 
+    // The highest percent the scale reaches, and the most axis steps.
+    static constexpr double MaxScale = 200.0;
+    static constexpr double MaxTicks = 10.0;
+
     // The percent range the rows share: from below every minimum and grade
-    // shown, in tens, to 100 or the highest percent.
+    // shown, in tens, to 100 or the highest percent, at most MaxScale.
     double ScaleLow() const { return m_low; }
     double ScaleHigh() const { return m_high; }
+    // The percents the axis marks, lowest first.
+    std::vector<double> Ticks() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

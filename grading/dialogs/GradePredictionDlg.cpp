@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <QShortcut>
 
 namespace {
 // Row padding from the font height, so the columns never touch.
@@ -72,6 +73,23 @@ GradePredictionDlg::GradePredictionDlg(QWidget* parent)
             [this](const QPoint& position) { OnContextMenu(position); });
     connect(m_typeList, &QTreeWidget::itemActivated, this,
             [this](QTreeWidgetItem* item) { EditPercent(m_typeList->indexOfTopLevelItem(item)); });
+    // F2 and Delete run the row menu's "Edit Percent" and "Clear Percent".
+    const auto currentRow = [this] {
+        return m_typeList->currentItem() ? m_typeList->indexOfTopLevelItem(m_typeList->currentItem())
+                                         : -1;
+    };
+    auto* edit = new QShortcut(QKeySequence(Qt::Key_F2), m_typeList);
+    edit->setContext(Qt::WidgetShortcut);
+    connect(edit, &QShortcut::activated, this, [this, currentRow] {
+        if (currentRow() >= 0)
+            EditPercent(currentRow());
+    });
+    auto* clear = new QShortcut(QKeySequence(Qt::Key_Delete), m_typeList);
+    clear->setContext(Qt::WidgetShortcut);
+    connect(clear, &QShortcut::activated, this, [this, currentRow] {
+        if (currentRow() >= 0)
+            ClearPercent(currentRow());
+    });
 }
 
 void GradePredictionDlg::Load()

@@ -6,6 +6,7 @@
 #include "GradingDlgTypesPage.h"
 #include "GradingDlgWeightingPage.h"
 #include "MinimumPercentEditor.h"
+#include "controls/EntryEditorKeys.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
 #include "controls/NumericEdit.h"
@@ -18,6 +19,7 @@
 #include <QButtonGroup>
 #include <QContextMenuEvent>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -82,6 +84,14 @@ GradingDlg::GradingDlg(quint32 courseId, bool startNewType, QWidget* parent)
             [this] { ApplyMinimumEdit(); });
     connect(m_gradingPage->DiscardButton(), &QPushButton::clicked, this,
             &GradingDlg::DiscardMinimumEdit);
+
+    // Return and Escape in an open pane act on the pane, not on the dialog.
+    new CEntryEditorKeys(
+        m_typesPage->Pane(), [this] { return m_editingType != NotEditing; },
+        [this] { ApplyTypeEdit(); }, [this] { DiscardTypeEdit(); });
+    new CEntryEditorKeys(
+        m_gradingPage->Pane(), [this] { return m_editingMinimum >= 0; },
+        [this] { ApplyMinimumEdit(); }, [this] { DiscardMinimumEdit(); });
 
     InstallHelp(this);
     const int line = fontMetrics().height();
@@ -258,8 +268,32 @@ int GradingDlg::RowAt(const QTreeWidget* list, const QPoint& position)
     return item ? list->indexOfTopLevelItem(item) : -1;
 }
 
+bool GradingDlg::OnListKey(QObject* list, int key)
+{
+    // Insert, F2 and Delete run the list menu's New, Edit and Delete.
+    if (list == m_typesPage->List()) {
+        const int row = m_typesPage->SelectedRow();
+        const int command = key == Qt::Key_Insert   ? NewTypeCommand
+                            : key == Qt::Key_F2     ? EditTypeCommand
+                            : key == Qt::Key_Delete ? DeleteTypeCommand
+                                                    : 0;
+        if (command == 0)
+            return false;
+        RunTypeCommand(command, row);
+        return true;
+    }
+    if (list == m_gradingPage->List() && key == Qt::Key_F2) {
+        EditMinimum(m_gradingPage->SelectedRow());
+        return true;
+    }
+    return false;
+}
+
 bool GradingDlg::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::KeyPress &&
+        OnListKey(watched, static_cast<QKeyEvent*>(event)->key()))
+        return true;
     if (event->type() != QEvent::ContextMenu ||
         static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Keyboard)
         return QDialog::eventFilter(watched, event);
@@ -436,42 +470,29 @@ void GradingDlg::accept()
         QDialog::accept();
 }
 
+bool GradingDlg::IsUntouchedNewType() const
+{
+    if (m_editingType != EditingNewType)
+        return false;
+    const CwTypeEditor* editor = m_typesPage->Editor();
+    const auto asLoaded = [](double value) {
+        return value == 0.0 || value == CNumericEdit::EmptyValue;
+    };
+    return editor->NameText().trimmed().isEmpty() && asLoaded(editor->WeightValue()) &&
+           asLoaded(editor->DropsValue());
+}
+
 bool GradingDlg::Save()
 {
+    // A "New Cw Type" pane opened and left as it came is no new type.
+    if (IsUntouchedNewType())
+        DiscardTypeEdit();
     if (!ApplyTypeEdit() || !ApplyMinimumEdit())
         return false;
 
-    CTransaction transaction;
-    const CCeDBProp courseKey(m_courseId);
-
-    CGradingPolicyTable policy;
-    if (policy.Open(0)) {
-        policy.SetSeekValue(&courseKey, CDataTable::SeekValueEqual);
-        if (policy.MoveFirst(1)) {
-            if (m_weighting >= 0)
-                policy.SetWeightType(static_cast<CGradingPolicyTable::Weighting>(m_weighting));
-            policy.UpdateRecord();
-        }
-    }
-
-    CGradingPolicyGradeTable grades;
-    if (grades.Open(0)) {
-        grades.SetSeekValue(&courseKey, CDataTable::SeekValueEqual);
-        for (int ok = grades.MoveFirst(1); ok; ok = grades.MoveNext(1)) {
-            const quint16 grade = grades.GetGrade();
-            const auto entry =
-                std::find_if(m_minimums.cbegin(), m_minimums.cend(),
-                             [grade](const MinimumPercentEntry& e) { return e.grade == grade; });
-            if (entry == m_minimums.cend())
-                continue;
-            grades.SetMinimumPercent(entry->minimum);
-            grades.UpdateRecord();
-        }
-    }
-
     std::vector<CwTypeEntry> written = m_types;
-    GradingDlgTypeWriter(m_courseId).Write(m_deletedTypeIds, written);
-    if (!transaction.Commit()) {
+    if (!WriteAll(written)) {
+        // Nothing of this OK was kept; the dialog stays open with every edit.
         BrindleMessageBox::WarnNotSaved(this);
         return false;
     }
@@ -479,4 +500,42 @@ bool GradingDlg::Save()
     m_types = std::move(written);
     m_deletedTypeIds.clear();
     return true;
+}
+
+bool GradingDlg::WriteAll(std::vector<CwTypeEntry>& written) const
+{
+    // Leaving early rolls every write of this OK back.
+    CTransaction transaction;
+    const CCeDBProp courseKey(m_courseId);
+
+    CGradingPolicyTable policy;
+    if (!policy.Open(0))
+        return false;
+    policy.SetSeekValue(&courseKey, CDataTable::SeekValueEqual);
+    if (policy.MoveFirst(1)) {
+        if (m_weighting >= 0)
+            policy.SetWeightType(static_cast<CGradingPolicyTable::Weighting>(m_weighting));
+        if (!policy.UpdateRecord())
+            return false;
+    }
+
+    CGradingPolicyGradeTable grades;
+    if (!grades.Open(0))
+        return false;
+    grades.SetSeekValue(&courseKey, CDataTable::SeekValueEqual);
+    for (int ok = grades.MoveFirst(1); ok; ok = grades.MoveNext(1)) {
+        const quint16 grade = grades.GetGrade();
+        const auto entry =
+            std::find_if(m_minimums.cbegin(), m_minimums.cend(),
+                         [grade](const MinimumPercentEntry& e) { return e.grade == grade; });
+        if (entry == m_minimums.cend())
+            continue;
+        grades.SetMinimumPercent(entry->minimum);
+        if (!grades.UpdateRecord())
+            return false;
+    }
+
+    if (!GradingDlgTypeWriter(m_courseId).Write(m_deletedTypeIds, written))
+        return false;
+    return transaction.Commit() != 0;
 }

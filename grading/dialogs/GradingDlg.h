@@ -74,9 +74,10 @@ public:
     void DiscardMinimumEdit();
     int EditingMinimumRow() const { return m_editingMinimum; }
 
-    // The OK steps: an open pane is applied first; then the policy, the
-    // minimum percents, the deleted types and the type entries are written.
-    // False (and nothing written) when a pane refuses its value.
+    // The OK steps: an open pane is applied first (an untouched "New Cw Type"
+    // pane is dropped); then the policy, the minimum percents, the deleted
+    // types and the type entries are written. False (and nothing written)
+    // when a pane refuses its value or a write fails; the user is told.
     bool Save();
 
     // What the working copy would make the grade do unexpectedly (the
@@ -104,6 +105,12 @@ private:
     void ShowMinimumMenu(int row, const QPoint& position);
     static int RowAt(const QTreeWidget* list, const QPoint& position);
     void RefreshWarnings();
+    // A key pressed in one of the lists; true when it ran a command.
+    bool OnListKey(QObject* list, int key);
+    bool IsUntouchedNewType() const;
+    // Writes the working copies in one transaction; false (all rolled back)
+    // when any write fails.
+    bool WriteAll(std::vector<CwTypeEntry>& written) const;
 
     quint32 m_courseId;
     std::vector<CwTypeEntry> m_types;

@@ -2,13 +2,13 @@
 
 #include "MinimumPercentEditor.h"
 #include "controls/NumericEdit.h"
+#include "grading/GradeText.h"
 #include "res/strings/GradingPolicyStrings.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -56,14 +56,13 @@ GradingDlgGradingPage::GradingDlgGradingPage(QWidget* parent)
 
 void GradingDlgGradingPage::Fill(const std::vector<MinimumPercentEntry>& entries, int selectedRow)
 {
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
     m_list->clear();
     for (const MinimumPercentEntry& entry : entries) {
         auto* item = new QTreeWidgetItem(m_list);
         item->setText(0, entry.gradeName);
-        item->setText(
-            1, GradingPolicyStrings::MinimumPercentText(locale.toString(entry.minimum, 'g', 15)));
+        // A percent, printed with a point like every other percent.
+        item->setText(1, GradingPolicyStrings::MinimumPercentText(
+                             GradeText::NumberToText(entry.minimum)));
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     }
     if (selectedRow >= 0 && selectedRow < m_list->topLevelItemCount())
@@ -90,4 +89,9 @@ void GradingDlgGradingPage::ShowPane(bool open)
 bool GradingDlgGradingPage::PaneOpen() const
 {
     return m_pane->isEnabled();
+}
+
+QWidget* GradingDlgGradingPage::Pane() const
+{
+    return m_pane;
 }

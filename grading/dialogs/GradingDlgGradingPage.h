@@ -28,6 +28,7 @@ public:
 
     QTreeWidget* List() const { return m_list; }
     MinimumPercentEditor* Editor() const { return m_editor; }
+    QWidget* Pane() const;
     QPushButton* ApplyButton() const { return m_apply; }
     QPushButton* DiscardButton() const { return m_discard; }
 

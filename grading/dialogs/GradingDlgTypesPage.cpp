@@ -92,3 +92,8 @@ bool GradingDlgTypesPage::PaneOpen() const
 {
     return m_pane->isEnabled();
 }
+
+QWidget* GradingDlgTypesPage::Pane() const
+{
+    return m_pane;
+}

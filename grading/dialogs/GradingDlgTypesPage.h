@@ -30,6 +30,7 @@ public:
 
     QTreeWidget* List() const { return m_list; }
     CwTypeEditor* Editor() const { return m_editor; }
+    QWidget* Pane() const;
     QPushButton* ApplyButton() const { return m_apply; }
     QPushButton* DiscardButton() const { return m_discard; }
 

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -66,6 +67,15 @@ InstitutionDlgScalePage::InstitutionDlgScalePage(QWidget* parent)
     connect(m_gradeList, &QTreeWidget::itemActivated, this,
             [this] { emit EditRequested(SelectedRow()); });
     connect(m_gradeList, &QTreeWidget::itemSelectionChanged, this, [this] { UpdateButtons(); });
+    // The keys of every list with New, Edit and Delete.
+    const auto onKey = [this](Qt::Key key, auto action) {
+        auto* shortcut = new QShortcut(QKeySequence(key), m_gradeList);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    onKey(Qt::Key_Insert, [this] { emit NewRequested(); });
+    onKey(Qt::Key_F2, [this] { emit EditRequested(SelectedRow()); });
+    onKey(Qt::Key_Delete, [this] { emit DeleteRequested(SelectedRow()); });
     UpdateButtons();
 }
 

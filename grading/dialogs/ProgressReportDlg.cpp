@@ -170,7 +170,7 @@ void ProgressReportDlg::Load()
                            : ReportStrings::CourseworksCompleted(totalCompleted, totalCount);
 
     const double grade = GetCourseGrade(m_courseId);
-    if (grade == -1.0) {
+    if (!GradeText::HasScore(grade)) {
         m_gradeText = ReportStrings::NoScore();
     } else {
         // Unlike the grade bar, a grade above 100 % keeps its hundredths here.
@@ -236,7 +236,7 @@ QString ProgressReportDlg::CountText(const Row& row)
 
 QString ProgressReportDlg::ScoreText(const Row& row)
 {
-    if (row.fraction == -1.0)
+    if (!GradeText::HasScore(row.fraction))
         return ReportStrings::NoMark();
     return ReportStrings::PercentAndGrade(
                GradeText::NumberToText(GradeText::PercentOf(row.fraction)), row.gradeText)

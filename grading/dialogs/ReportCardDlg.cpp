@@ -102,7 +102,8 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
     InstallHelp(this);
 
     Load();
-    resize(line * 28, std::max(line * 30, sizeHint().height()));
+    // Wide enough for the chart to show every course name whole.
+    resize(std::max(line * 28, sizeHint().width()), std::max(line * 30, sizeHint().height()));
 }
 
 void ReportCardDlg::Load()
@@ -142,7 +143,7 @@ QString ReportCardDlg::GpaLineText(const QString& label, double gpa)
 
 QString ReportCardDlg::ScoreText(const Row& row)
 {
-    if (row.fraction == -1.0)
+    if (!GradeText::HasScore(row.fraction))
         return {};
     return ReportStrings::PercentAndGrade(
                GradeText::NumberToText(GradeText::PercentOf(row.fraction)), row.gradeName)
@@ -164,7 +165,7 @@ void ReportCardDlg::ShowChart()
     for (const Row& row : m_rows) {
         GradeChart::Course course;
         course.name = row.name;
-        course.fraction = row.fraction < 0.0 ? -1.0 : row.fraction;
+        course.fraction = GradeText::HasScore(row.fraction) ? row.fraction : -1.0;
         const std::vector<double> minimums = MinimumPercents(row.courseId);
         for (size_t grade = 0; grade < minimums.size(); ++grade) {
             course.bands.push_back(

@@ -140,6 +140,18 @@ inline QString HelpTitle()
 {
     return ControlStrings::HelpTitle();
 }
+inline QString HelpBack()
+{
+    return BrindleText::tr("Back");
+}
+inline QString HelpForward()
+{
+    return BrindleText::tr("Forward");
+}
+inline QString HelpContentsButton()
+{
+    return BrindleText::tr("Contents");
+}
 inline QString HelpMissing(const QString& path)
 {
     return BrindleText::tr("The help file %1 cannot be found.").arg(path);

@@ -43,6 +43,10 @@ inline QString NoCourses()
 {
     return BrindleText::tr("No Courses");
 }
+inline QString NumbersOnly()
+{
+    return BrindleText::tr("Only a number can be typed here.");
+}
 inline QString NoScore()
 {
     return BrindleText::tr("No Score");

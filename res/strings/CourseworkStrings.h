@@ -27,6 +27,11 @@ inline QString PageDetails()
 {
     return BrindleText::tr("Details");
 }
+inline QString PredictionNotSaved()
+{
+    return BrindleText::tr("Grade Prediction Mode: scores typed here are only tried out and are "
+                           "not saved.");
+}
 
 inline QString Name()
 {

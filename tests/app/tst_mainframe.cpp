@@ -28,8 +28,9 @@ QStringList MenuTexts(const QMenu* menu)
 QStringList BarTitles(QMainWindow& frame)
 {
     QStringList titles;
+    // Without the mnemonic markers.
     for (const QAction* action : frame.menuBar()->actions())
-        titles << action->text();
+        titles << action->text().remove(u'&');
     return titles;
 }
 

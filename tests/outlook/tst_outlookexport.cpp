@@ -2,6 +2,7 @@
 // on OK, failures, coursework deletion, and the "Export Folders" dialog.
 #include "ExportFixture.h"
 #include "app/MainView.h"
+#include "controls/Mnemonic.h"
 #include "editors/CourseworkDlg.h"
 #include "editors/CourseworkDlgExport.h"
 #include "editors/CourseworkDlgInfoPage.h"
@@ -14,6 +15,7 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QSettings>
 #include <QtTest>
 
@@ -54,6 +56,7 @@ class TestOutlookExport : public QObject
 private slots:
     void init();
     void cleanup();
+    void exportMenuComesBeforeAdd();
     void exportTwiceUpdatesOneItem();
     void uncheckingDropsOnlyTheLink();
     void createFailureIsReportedAfterTheSave_data();
@@ -83,6 +86,19 @@ void TestOutlookExport::init()
 void TestOutlookExport::cleanup()
 {
     m_fixture.reset();
+}
+
+void TestOutlookExport::exportMenuComesBeforeAdd()
+{
+    CourseworkDlg dialog;
+    const QList<QAction*> menus = dialog.findChild<QMenuBar*>()->actions();
+    QCOMPARE(menus.size(), 2);
+    QCOMPARE(menus[0]->text(), WithMnemonic(ExportStrings::MenuExport()));
+    QCOMPARE(menus[1]->menu()->objectName(), u"menuAdd"_s);
+    QStringList items;
+    for (QAction* item : menus[0]->menu()->actions())
+        items << item->text();
+    QCOMPARE(items, (QStringList{u"Tasks"_s, u"Calendar"_s}));
 }
 
 void TestOutlookExport::exportTwiceUpdatesOneItem()

@@ -112,6 +112,8 @@ void TestDatabaseFile::defaultRecordsAreMadeOnce()
     QCOMPARE(state.GetCurrentSemesterID(), WorkingSemesterID);
     QCOMPARE(state.GetCurrentCourseID(), AllCoursesID);
     QCOMPARE(state.GetCurrentTabID(), CViewTabTable::NoFilter);
+    QCOMPARE(state.GetShowDone(), 1);
+    QCOMPARE(Records::Count("GPAInfo"), 1);
 
     // Made again on every start: nothing doubled, nothing the user removed comes back.
     const quint32 course = Records::Course(u"Latin"_s);
