@@ -3,13 +3,12 @@
 // answered percent and one hundredth below; randomized courses check that the
 // answer is the lowest percent from which on the grade holds. Also the target
 // GPA, the policy checks and the calculation breakdown.
-#include "BrindleData.h"
+#include "GradingFixtures.h"
 #include "grading/GpaPlanner.h"
 #include "grading/GradeBreakdown.h"
 #include "grading/GradePlanner.h"
 #include "grading/Grading.h"
 #include "grading/PolicyCheck.h"
-#include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QRandomGenerator>
@@ -18,49 +17,9 @@
 #include <cmath>
 #include <memory>
 
+using namespace Fixture;
+
 namespace {
-
-struct Item
-{
-    double score; // -1.0: not graded
-    double possible;
-    double weight = 0.0;
-};
-
-struct Type
-{
-    double weight;
-    quint16 drops;
-    std::vector<Item> items;
-};
-
-using Course = std::vector<Type>;
-using Minimums = std::vector<double>;
-
-quint32 MakeCourse(quint32 weighting, const Course& types, const Minimums& minimums,
-                   double hours = 3.0)
-{
-    CTransaction transaction;
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    Records::Policy(courseId, weighting);
-    int n = 0;
-    for (const Type& type : types) {
-        const quint32 typeId =
-            Records::CwType(courseId, QStringLiteral("Type %1").arg(++n), type.weight, type.drops);
-        for (const Item& item : type.items)
-            Records::Coursework(courseId, typeId, QStringLiteral("Item"), item.score, item.possible,
-                                0.0, 0, item.weight);
-    }
-    for (quint16 g = 0; g < minimums.size(); ++g)
-        Records::MinimumPercent(courseId, g, minimums[g]);
-    CCourseTable course;
-    if (course.Open() && course.MoveToRecord(courseId)) {
-        course.SetCourseHours(hours);
-        course.UpdateRecord();
-    }
-    transaction.Commit();
-    return courseId;
-}
 
 // What Brindle shows once the student has that percent on everything left:
 // the prediction store's score to give for each type, then the recompute.
@@ -109,10 +68,25 @@ void CheckNeed(quint32 courseId, const CGradePlanner::Need& need)
     }
 }
 
-} // namespace
+// Checks every answer of the course's planner; where drops can make the grade
+// fall, also that each answer holds for every higher percent (every stride-th).
+void CheckPlanner(quint32 courseId, int stride)
+{
+    CGradePlanner planner(courseId);
+    QCOMPARE(planner.BestCase(), RealFraction(courseId, 100.0));
+    QCOMPARE(planner.WorstCase(), RealFraction(courseId, 0.0));
+    const bool mayFall = planner.MayFallAsPercentRises();
+    for (const CGradePlanner::Need& need : planner.Needs()) {
+        CheckNeed(courseId, need);
+        if (QTest::currentTestFailed() || !mayFall || need.status != CGradePlanner::Need::Reachable)
+            continue;
+        for (int step = int(std::lround(need.percent * 100)); step <= CGradePlanner::Steps;
+             step += stride)
+            QVERIFY(planner.GradeOf(planner.FractionAtStep(step)) <= need.grade);
+    }
+}
 
-Q_DECLARE_METATYPE(Course)
-Q_DECLARE_METATYPE(Minimums)
+} // namespace
 
 class TestGradePlanner : public QObject
 {
@@ -136,7 +110,6 @@ private slots:
     void risesWithThePercentWithoutDrops();
     void dropsCanMakeTheGradeFall();
     void predictionScoresStand();
-    void bestAndWorstCase();
     void targetGpa();
     void policyChecks_data();
     void policyChecks();
@@ -156,7 +129,6 @@ void TestGradePlanner::needs_data()
     const int S = CGradePlanner::Need::Secured;
     const int R = CGradePlanner::Need::Reachable;
     const int N = CGradePlanner::Need::NotReachable;
-    const Minimums abcd{90, 80, 70, 60};
 
     QTest::newRow("none: half graded at 80")
         << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}} << abcd << QList<int>{R, R, R, R};
@@ -197,8 +169,8 @@ void TestGradePlanner::needs()
     for (const CGradePlanner::Need& need : needs) {
         QCOMPARE(int(need.status), statuses.at(need.grade));
         QCOMPARE(need.minimum, minimums[need.grade]);
-        CheckNeed(courseId, need);
     }
+    CheckPlanner(courseId, 1);
 }
 
 void TestGradePlanner::randomCourses()
@@ -226,21 +198,9 @@ void TestGradePlanner::randomCourses()
         for (int g = 0; g < 4; ++g)
             minimums.push_back(minimum -= 1 + random.bounded(20));
 
-        const quint32 courseId = MakeCourse(weighting, course, minimums);
-        CGradePlanner planner(courseId);
-        const bool mayFall = planner.MayFallAsPercentRises();
-        for (const CGradePlanner::Need& need : planner.Needs()) {
-            CheckNeed(courseId, need);
-            if (QTest::currentTestFailed())
-                return;
-            if (!mayFall || need.status != CGradePlanner::Need::Reachable)
-                continue;
-            // Where drops can make the grade fall, the answer must hold for
-            // every higher percent too.
-            for (int step = int(std::lround(need.percent * 100)); step <= CGradePlanner::Steps;
-                 step += 7)
-                QVERIFY(planner.GradeOf(planner.FractionAtStep(step)) <= need.grade);
-        }
+        CheckPlanner(MakeCourse(weighting, course, minimums), 7);
+        if (QTest::currentTestFailed())
+            return;
     }
 }
 
@@ -281,15 +241,8 @@ void TestGradePlanner::dropsCanMakeTheGradeFall()
     const quint32 courseId = MakeCourse(0, course, {43, 42.9, 40});
     QVERIFY(RealFraction(courseId, 42.0) < RealFraction(courseId, 41.0));
 
-    CGradePlanner planner(courseId);
-    QVERIFY(planner.MayFallAsPercentRises());
-    for (const CGradePlanner::Need& need : planner.Needs()) {
-        CheckNeed(courseId, need);
-        if (need.status != CGradePlanner::Need::Reachable)
-            continue;
-        for (int step = int(std::lround(need.percent * 100)); step <= CGradePlanner::Steps; ++step)
-            QVERIFY(planner.GradeOf(planner.FractionAtStep(step)) <= need.grade);
-    }
+    QVERIFY(CGradePlanner(courseId).MayFallAsPercentRises());
+    CheckPlanner(courseId, 1);
 }
 
 void TestGradePlanner::predictionScoresStand()
@@ -313,20 +266,11 @@ void TestGradePlanner::predictionScoresStand()
     QCOMPARE(LoadCourseFacts(courseId).types[0].coursework[0].score, -1.0);
 }
 
-void TestGradePlanner::bestAndWorstCase()
-{
-    const quint32 courseId = MakeCourse(0, {{0, 0, {{30, 40}, {-1, 60}}}}, {90});
-    CGradePlanner planner(courseId);
-    QCOMPARE(planner.BestCase(), RealFraction(courseId, 100.0));
-    QCOMPARE(planner.WorstCase(), RealFraction(courseId, 0.0));
-    QVERIFY(planner.WorstCase() < planner.BestCase());
-}
-
 void TestGradePlanner::targetGpa()
 {
     // Default scale: grade points fall with the grade number.
-    MakeCourse(0, {{0, 0, {{45, 50}, {-1, 50}}}}, {90, 80, 70, 60}, 3.0);
-    MakeCourse(1, {{50, 0, {{20, 40}}}, {50, 0, {{-1, 100}}}}, {90, 80, 70, 60}, 4.0);
+    MakeCourse(0, {{0, 0, {{45, 50}, {-1, 50}}}}, abcd, 3.0);
+    MakeCourse(1, {{50, 0, {{20, 40}}}, {50, 0, {{-1, 100}}}}, abcd, 4.0);
     CAppStateTable::Instance().SetShowGPAWithHours(1);
 
     auto realGpa = [](double percent) {
