@@ -1,9 +1,9 @@
 // The predefined grade scales file: the shipped file, the program's own
-// number routines, truncated and hostile input.
+// number routines, a last line ended with LF or CR LF, truncated and hostile
+// input. (A missing file: tst_institutiondlg.)
 #include "grading/GradeScalesFile.h"
 
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -29,28 +29,6 @@ double PointsOf(const QByteArray& field)
                                                               : qQNaN();
 }
 
-// Restores an environment variable when the test ends, however it ends.
-class EnvironmentGuard
-{
-public:
-    explicit EnvironmentGuard(const char* name)
-        : m_name(name), m_had(qEnvironmentVariableIsSet(name)), m_value(qgetenv(name))
-    {
-    }
-    ~EnvironmentGuard()
-    {
-        if (m_had)
-            qputenv(m_name, m_value);
-        else
-            qunsetenv(m_name);
-    }
-
-private:
-    const char* m_name;
-    bool m_had;
-    QByteArray m_value;
-};
-
 } // namespace
 
 class TestGradeScalesFile : public QObject
@@ -59,7 +37,6 @@ class TestGradeScalesFile : public QObject
 
 private slots:
     void shippedFileHoldsTheCommonScales();
-    void missingFileGivesNoScales();
     void numbers_data();
     void numbers();
     void fieldsKeepLineBreaksAndWidenSigned();
@@ -70,38 +47,17 @@ private slots:
 
 void TestGradeScalesFile::shippedFileHoldsTheCommonScales()
 {
-    const std::vector<GradeScale> scales = LoadPredefinedGradeScales();
-    QVERIFY2(scales.size() >= 3, "GradeScales.txt is not staged or lost scales");
-    bool plainFour = false, plusMinus = false, fourThree = false;
-    for (const GradeScale& scale : scales) {
-        QVERIFY(!scale.name.isEmpty());
-        QVERIFY(!scale.grades.empty() && scale.grades.size() <= 12);
-        QStringList names;
-        for (size_t g = 0; g < scale.grades.size(); ++g) {
-            const GradeScaleEntry& e = scale.grades[g];
-            QVERIFY2(e.points > 0.0 && e.points <= 4.3,
-                     qPrintable(scale.name + QLatin1Char(' ') + e.name));
-            if (g > 0) // best grade first; only passing grades
-                QVERIFY(e.points <= scale.grades[g - 1].points);
-            names << e.name;
-        }
-        const QString joined = names.join(QLatin1Char(' '));
-        plainFour |= joined == QStringLiteral("A B C D") && scale.grades[0].points == 4.0;
-        plusMinus |= joined == QStringLiteral("A+ A A- B+ B B- C+ C C- D+ D D-") &&
-                     scale.grades[0].points == 4.0 && scale.grades[11].points == 0.7;
-        fourThree |= scale.grades[0].name == QStringLiteral("A+") && scale.grades[0].points == 4.3;
+    QStringList read;
+    for (const GradeScale& scale : LoadPredefinedGradeScales()) {
+        QStringList grades;
+        for (const GradeScaleEntry& e : scale.grades)
+            grades << e.name + QLatin1Char(' ') + QString::number(e.points);
+        read << grades.join(QLatin1Char(','));
     }
-    QVERIFY(plainFour);
-    QVERIFY(plusMinus);
-    QVERIFY(fourThree);
-}
-
-void TestGradeScalesFile::missingFileGivesNoScales()
-{
-    EnvironmentGuard guard("BRINDLE_INSTALL_DIR");
-    QTemporaryDir empty;
-    qputenv("BRINDLE_INSTALL_DIR", empty.path().toLocal8Bit());
-    QVERIFY(LoadPredefinedGradeScales().empty());
+    const QString below =
+        QStringLiteral("A 4,A- 3.7,B+ 3.3,B 3,B- 2.7,C+ 2.3,C 2,C- 1.7,D+ 1.3,D 1,D- 0.7");
+    QCOMPARE(read, (QStringList{QStringLiteral("A 4,B 3,C 2,D 1"), QStringLiteral("A+ 4,") + below,
+                                QStringLiteral("A+ 4.3,") + below}));
 }
 
 void TestGradeScalesFile::numbers_data()
@@ -110,10 +66,8 @@ void TestGradeScalesFile::numbers_data()
     QTest::addColumn<double>("points");
 
     QTest::newRow("whole") << QByteArray("4") << 4.0;
-    QTest::newRow("3.25") << QByteArray("3.25") << 3.25;
     QTest::newRow("3.05: B 5, L 2") << QByteArray("3.05") << 3.05;
     QTest::newRow("-0.5 reads 0.5") << QByteArray("-0.5") << 0.5;
-    QTest::newRow("-3.25") << QByteArray("-3.25") << -3.25;
     QTest::newRow("only the first dot splits")
         << QByteArray("1.2.") << 1.18; // B = 2 x 10 + ('.' - '0')
     QTest::newRow("a letter adds its code minus 48") << QByteArray("x") << 72.0;
@@ -180,10 +134,9 @@ void TestGradeScalesFile::anyInputReturns()
     QRandomGenerator random(20240611);
     static const char alphabet[] = ",,,,0123456789-.\r\n";
     const QByteArray shipped = "3,4.0,4,A,4.0,B,3.0,C,2.0,D,1.0,P,2,A+,4.3,A,4.0,Q,1,X,-0.5";
-    int checked = 0;
-    for (int round = 0; round < 4000; ++round) {
+    for (int round = 0; round < 1000; ++round) {
         QByteArray bytes;
-        const int length = random.bounded(0, round < 3900 ? 120 : 20000);
+        const int length = random.bounded(0, round < 980 ? 120 : 20000);
         bytes.reserve(length);
         const bool anyByte = random.bounded(4) == 0;
         for (int i = 0; i < length; ++i) {
@@ -200,13 +153,11 @@ void TestGradeScalesFile::anyInputReturns()
             grades += scale.grades.size();
         // Every scale takes two fields and every grade two, after the count.
         QVERIFY(2 * (scales.size() + grades) < size_t(bytes.count(',') + 1));
-        ++checked;
     }
     for (qsizetype cut = 0; cut <= shipped.size(); ++cut) {
         const auto scales = ParseGradeScales(shipped.left(cut));
         QVERIFY(scales.size() <= 3);
         QCOMPARE(Describe(ParseGradeScales(shipped.left(cut) + "\r\n")), Describe(scales));
-        ++checked;
     }
     // One field of a million digits, and of a million minus signs.
     QVERIFY(ParseGradeScales(QByteArray(1000000, '9')).empty());
@@ -214,7 +165,6 @@ void TestGradeScalesFile::anyInputReturns()
     // Decimal parts too long for a double still give one grade (its points NaN).
     const auto longPoints = ParseGradeScales("1,S,1,A,1." + QByteArray(400, '5'));
     QVERIFY(longPoints.size() == 1 && longPoints[0].grades.size() == 1);
-    QCOMPARE(checked, 4000 + int(shipped.size()) + 1);
 }
 
 QTEST_GUILESS_MAIN(TestGradeScalesFile)
