@@ -1,28 +1,21 @@
 // The grade planner dialog and where it is reached from: the Tools menu, the
 // progress report; the warnings of the grading policy dialog and the grade
-// bar's best and worst case.
-#include "BrindleData.h"
-#include "app/DemoDatabase.h"
-#include "app/GradeBarToolTip.h"
+// bar's best and worst case. (Its answers themselves: tst_gradeplanner.)
+#include "GradingFixtures.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"
 #include "grading/PredictionStore.h"
 #include "grading/dialogs/GradePlannerDlg.h"
 #include "grading/dialogs/GradingDlg.h"
 #include "grading/dialogs/ProgressReportDlg.h"
-#include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QAction>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTreeWidget>
 #include <QtTest>
 
-#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -35,9 +28,7 @@ quint32 PlannedCourse(const QString& name)
 {
     const quint32 course = Records::Course(name);
     Records::Policy(course, CGradingPolicyTable::WeightNone);
-    const double minimums[] = {90.0, 80.0, 70.0, 60.0};
-    for (quint16 grade = 0; grade < 4; ++grade)
-        Records::MinimumPercent(course, grade, minimums[grade]);
+    Fixture::SetMinimums(course, Fixture::abcd);
     const quint32 type = Records::CwType(course, u"Homework"_s);
     Records::Coursework(course, type, u"Homework 1"_s, 40.0, 50.0);
     Records::Coursework(course, type, u"Final"_s, -1.0, 50.0);
@@ -50,6 +41,8 @@ quint32 PlannedCourse(const QString& name)
 class TestGradePlannerDlg : public QObject
 {
     Q_OBJECT
+
+    std::unique_ptr<TestDatabase> m_db;
 
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
@@ -65,193 +58,102 @@ private slots:
         m_db.reset();
     }
 
-    void answersForTheCourse();
-    void switchesCourseAndAnswersGpa();
-    void keyboardAlone();
-    void reachedFromToolsMenuAndReport();
-    void gradingPolicyWarnings();
-    void reportShowsBandWarningsAndCalculation();
-    void gradeBarToolTip();
-    void grabsOnTheDemo();
-
-private:
-    std::unique_ptr<TestDatabase> m_db;
-};
-
-void TestGradePlannerDlg::answersForTheCourse()
-{
-    const quint32 course = PlannedCourse(u"Physics"_s);
-    GradePlannerDlg dialog(course);
-    QCOMPARE(dialog.objectName(), u"GradePlannerDlg"_s);
-    QCOMPARE(int(dialog.Needs().size()), 4);
-    // (40 + 50 p) / 100 reaches 80 % at p = 80 %.
-    dialog.SelectGrade(1);
-    const QString grade = dialog.Needs()[1].gradeName;
-    QVERIFY(dialog.NeedText().contains(u"80%"_s));
-    QVERIFY(dialog.NeedText().startsWith(u"For "_s + grade));
-    auto* list = dialog.findChild<QTreeWidget*>(u"needList"_s);
-    QCOMPARE(list->topLevelItem(1)->text(2), u"80%"_s);
-    QCOMPARE(dialog.AssumedTexts(), QStringList({u"Homework: Final (out of 50)"_s}));
-    QVERIFY(dialog.BestCaseText().contains(u"90%"_s));
-    QVERIFY(dialog.WorstCaseText().contains(u"40%"_s));
-    QVERIFY(dialog.WarningTexts().isEmpty());
-}
-
-void TestGradePlannerDlg::switchesCourseAndAnswersGpa()
-{
-    PlannedCourse(u"Physics"_s);
-    const quint32 second = PlannedCourse(u"Chemistry"_s);
-    GradePlannerDlg dialog(second);
-    QCOMPARE(dialog.CourseCount(), 2);
-    QCOMPARE(dialog.SelectedCourse(), 1);
-    dialog.SelectCourse(0);
-    QCOMPARE(dialog.SelectedCourse(), 0);
-
-    dialog.SetTargetGpa(QString());
-    QCOMPARE(dialog.GpaAnswerText(), u"Type the semester GPA you aim for."_s);
-    dialog.SetTargetGpa(u"99"_s);
-    QVERIFY(dialog.GpaAnswerText().startsWith(u"Not reachable"_s));
-    dialog.SetTargetGpa(u"0"_s);
-    QVERIFY(dialog.GpaAnswerText().startsWith(u"Already secured"_s));
-}
-
-void TestGradePlannerDlg::keyboardAlone()
-{
-    PlannedCourse(u"Physics"_s);
-    GradePlannerDlg dialog(0);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    auto* list = dialog.findChild<QTreeWidget*>(u"needList"_s);
-    list->setFocus();
-    QTRY_VERIFY(list->hasFocus());
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Down);
-    QCOMPARE(dialog.SelectedGrade(), 2);
-
-    // Ctrl+Tab to the GPA page; Return answers there and keeps the planner open.
-    QTest::keyClick(dialog.Pages(), Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(dialog.Pages()->currentIndex(), 1);
-    auto* gpa = dialog.findChild<QLineEdit*>(u"targetGpaEdit"_s);
-    gpa->setFocus();
-    QTest::keyClicks(gpa, u"1"_s);
-    QTest::keyClick(gpa, Qt::Key_Return);
-    QVERIFY(dialog.isVisible());
-    QVERIFY(!dialog.GpaAnswerText().startsWith(u"Type"_s));
-    QTest::keyClick(gpa, Qt::Key_Escape);
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
-}
-
-void TestGradePlannerDlg::reachedFromToolsMenuAndReport()
-{
-    const quint32 course = PlannedCourse(u"Physics"_s);
-    CAppStateTable::Instance().SetCurrentCourseID(course);
-    QVERIFY(CAppStateTable::Instance().UpdateRecord());
-    CMainFrame frame;
-    auto* action = frame.findChild<QAction*>(u"actionGradePlanner"_s);
-    QVERIFY(action);
-    frame.UpdateCommandStates();
-    QVERIFY(action->isEnabled());
-    const QList<QAction*> tools = frame.findChild<QMenu*>(u"menuTools"_s)->actions();
-    const qsizetype at = tools.indexOf(action);
-    QVERIFY(at > 0 && tools.at(at - 1)->isSeparator());
-
-    QStringList opened;
-    DialogRunner::SetHook([&](QDialog& dialog) {
-        opened << dialog.objectName();
-        if (auto* planner = qobject_cast<GradePlannerDlg*>(&dialog))
-            opened << planner->Needs().front().gradeName;
-        if (auto* report = qobject_cast<ProgressReportDlg*>(&dialog)) {
-            report->findChild<QPushButton*>(u"plannerButton"_s)->click();
-            return report->result();
-        }
-        return int(QDialog::Rejected);
-    });
-    action->trigger();
-    frame.findChild<QAction*>(u"actionProgressReport"_s)->trigger();
-    QCOMPARE(opened.size(), 5);
-    QCOMPARE(opened.at(0), u"GradePlannerDlg"_s);
-    QCOMPARE(opened.at(2), u"ProgressReportDlg"_s);
-    QCOMPARE(opened.at(3), u"GradePlannerDlg"_s);
-}
-
-void TestGradePlannerDlg::gradingPolicyWarnings()
-{
-    const quint32 course = PlannedCourse(u"Physics"_s);
-    Records::CwType(course, u"Labs"_s, 30.0);
-    GradingDlg dialog(course);
-    QVERIFY(dialog.WarningTexts().join(u' ').contains(u"\"Labs\" has no coursework."_s));
-    const qsizetype before = dialog.WarningTexts().size();
-    dialog.SetWeighting(CGradingPolicyTable::WeightByType);
-    // Homework has weight 0 and is graded: weight 0, and weights add up to 0.
-    QCOMPARE(dialog.WarningTexts().size(), before + 2);
-    QVERIFY(!dialog.findChild<QLabel*>(u"warningLabel"_s)->isHidden());
-}
-
-void TestGradePlannerDlg::reportShowsBandWarningsAndCalculation()
-{
-    const quint32 course = PlannedCourse(u"Physics"_s);
-    ProgressReportDlg report(course);
-    QVERIFY(report.BandText().contains(u"40%"_s));
-    QVERIFY(report.BandText().contains(u"90%"_s));
-    QVERIFY(report.WarningTexts().isEmpty());
-    auto* tree = report.findChild<QTreeWidget*>(u"calculationTree"_s);
-    QCOMPARE(tree->topLevelItemCount(), 1);
-    QCOMPARE(tree->topLevelItem(0)->childCount(), 2);
-    QCOMPARE(tree->topLevelItem(0)->child(0)->text(1), u"40 / 50"_s);
-    QCOMPARE(tree->topLevelItem(0)->child(1)->text(2), u"not graded yet"_s);
-}
-
-void TestGradePlannerDlg::gradeBarToolTip()
-{
-    const quint32 course = PlannedCourse(u"Physics"_s);
-    CAppStateTable::Instance().SetCurrentCourseID(course);
-    QVERIFY(CAppStateTable::Instance().UpdateRecord());
-    CMainFrame frame;
-    auto* bar = frame.findChild<QLabel*>(u"gradeBar"_s);
-    QCOMPARE(bar->toolTip(), CourseBandToolTip(course));
-    QVERIFY(bar->toolTip().contains(u"90%"_s));
-    CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
-    frame.RefreshGradeBar();
-    QVERIFY(bar->toolTip().isEmpty());
-}
-
-void TestGradePlannerDlg::grabsOnTheDemo()
-{
-    // The planner, the report and the policy dialog at their default sizes
-    // on the demo data, written where BRINDLE_GRAB_DIR says (a temporary
-    // folder otherwise) to be looked at.
-    QVERIFY(BuildDemoDatabase(QDate(2024, 10, 9)));
-    QTemporaryDir temporary;
-    const QString folder = qEnvironmentVariableIsSet("BRINDLE_GRAB_DIR")
-                               ? qEnvironmentVariable("BRINDLE_GRAB_DIR")
-                               : temporary.path();
-    const std::vector<quint32> courses = GetSemesterCourses(0);
-    QVERIFY(!courses.empty());
-    // The first course where a B still takes work.
-    std::unique_ptr<GradePlannerDlg> planner;
-    for (quint32 course : courses) {
-        planner = std::make_unique<GradePlannerDlg>(course);
-        const auto& needs = planner->Needs();
-        const auto b = std::find_if(needs.cbegin(), needs.cend(), [](const auto& need) {
-            return need.gradeName == u"B"_s && need.status == CGradePlanner::Need::Reachable;
-        });
-        if (b == needs.cend())
-            continue;
-        planner->SelectGrade(int(b - needs.cbegin()));
-        QVERIFY(planner->NeedText().startsWith(u"For B"_s));
-        QVERIFY(planner->grab().save(folder + u"/planner.png"_s));
-        planner->SetTargetGpa(u"3.2"_s);
-        planner->Pages()->setCurrentIndex(1);
-        QVERIFY(planner->grab().save(folder + u"/planner-gpa.png"_s));
-        ProgressReportDlg report(course);
-        QVERIFY(report.grab().save(folder + u"/report.png"_s));
-        GradingDlg policy(course);
-        QVERIFY(policy.grab().save(folder + u"/policy.png"_s));
-        return;
+    void answersForTheCourse()
+    {
+        const quint32 course = PlannedCourse(u"Physics"_s);
+        GradePlannerDlg dialog(course);
+        QCOMPARE(int(dialog.Needs().size()), 4);
+        // (40 + 50 p) / 100 reaches 80 % at p = 80 %.
+        dialog.SelectGrade(1);
+        const QString grade = dialog.Needs()[1].gradeName;
+        QVERIFY(dialog.NeedText().contains(u"80%"_s));
+        QVERIFY(dialog.NeedText().startsWith(u"For "_s + grade));
+        auto* list = dialog.findChild<QTreeWidget*>(u"needList"_s);
+        QCOMPARE(list->topLevelItem(1)->text(2), u"80%"_s);
+        QCOMPARE(dialog.AssumedTexts(), QStringList({u"Homework: Final (out of 50)"_s}));
+        QVERIFY(dialog.BestCaseText().contains(u"90%"_s));
+        QVERIFY(dialog.WorstCaseText().contains(u"40%"_s));
+        QVERIFY(dialog.WarningTexts().isEmpty());
     }
-    QFAIL("no demo course where a B still takes work");
-}
+    void switchesCourseAndAnswersGpa()
+    {
+        PlannedCourse(u"Physics"_s);
+        const quint32 second = PlannedCourse(u"Chemistry"_s);
+        GradePlannerDlg dialog(second);
+        QCOMPARE(dialog.CourseCount(), 2);
+        QCOMPARE(dialog.SelectedCourse(), 1);
+        dialog.SelectCourse(0);
+        QCOMPARE(dialog.SelectedCourse(), 0);
+
+        dialog.SetTargetGpa(QString());
+        QCOMPARE(dialog.GpaAnswerText(), u"Type the semester GPA you aim for."_s);
+        dialog.SetTargetGpa(u"99"_s);
+        QVERIFY(dialog.GpaAnswerText().startsWith(u"Not reachable"_s));
+        dialog.SetTargetGpa(u"0"_s);
+        QVERIFY(dialog.GpaAnswerText().startsWith(u"Already secured"_s));
+    }
+    void reachedFromToolsMenuAndReport()
+    {
+        const quint32 course = PlannedCourse(u"Physics"_s);
+        CAppStateTable::Instance().SetCurrentCourseID(course);
+        QVERIFY(CAppStateTable::Instance().UpdateRecord());
+        CMainFrame frame;
+        auto* action = frame.findChild<QAction*>(u"actionGradePlanner"_s);
+        QVERIFY(action);
+        frame.UpdateCommandStates();
+        QVERIFY(action->isEnabled());
+
+        QStringList opened;
+        DialogRunner::SetHook([&](QDialog& dialog) {
+            opened << dialog.objectName();
+            if (auto* planner = qobject_cast<GradePlannerDlg*>(&dialog))
+                opened << planner->Needs().front().gradeName;
+            if (auto* report = qobject_cast<ProgressReportDlg*>(&dialog)) {
+                report->findChild<QPushButton*>(u"plannerButton"_s)->click();
+                return report->result();
+            }
+            return int(QDialog::Rejected);
+        });
+        action->trigger();
+        frame.findChild<QAction*>(u"actionProgressReport"_s)->trigger();
+        QCOMPARE(opened.size(), 5);
+        QCOMPARE(opened.at(0), u"GradePlannerDlg"_s);
+        QCOMPARE(opened.at(2), u"ProgressReportDlg"_s);
+        QCOMPARE(opened.at(3), u"GradePlannerDlg"_s);
+
+        // The grade bar's tooltip gives the best and worst case of the course only.
+        auto* bar = frame.findChild<QLabel*>(u"gradeBar"_s);
+        QVERIFY(bar->toolTip().contains(u"40%"_s) && bar->toolTip().contains(u"90%"_s));
+        CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
+        frame.RefreshGradeBar();
+        QVERIFY(bar->toolTip().isEmpty());
+    }
+    void gradingPolicyWarnings()
+    {
+        const quint32 course = PlannedCourse(u"Physics"_s);
+        Records::CwType(course, u"Labs"_s, 30.0);
+        GradingDlg dialog(course);
+        QVERIFY(dialog.WarningTexts().join(u' ').contains(u"\"Labs\" has no coursework."_s));
+        const qsizetype before = dialog.WarningTexts().size();
+        dialog.SetWeighting(CGradingPolicyTable::WeightByType);
+        // Homework has weight 0 and is graded: weight 0, and weights add up to 0.
+        QCOMPARE(dialog.WarningTexts().size(), before + 2);
+        QVERIFY(!dialog.findChild<QLabel*>(u"warningLabel"_s)->isHidden());
+    }
+    void reportShowsBandWarningsAndCalculation()
+    {
+        const quint32 course = PlannedCourse(u"Physics"_s);
+        ProgressReportDlg report(course);
+        QVERIFY(report.BandText().contains(u"40%"_s));
+        QVERIFY(report.BandText().contains(u"90%"_s));
+        QVERIFY(report.WarningTexts().isEmpty());
+        auto* tree = report.findChild<QTreeWidget*>(u"calculationTree"_s);
+        QCOMPARE(tree->topLevelItemCount(), 1);
+        QCOMPARE(tree->topLevelItem(0)->childCount(), 2);
+        QCOMPARE(tree->topLevelItem(0)->child(0)->text(1), u"40 / 50"_s);
+        QCOMPARE(tree->topLevelItem(0)->child(1)->text(2), u"not graded yet"_s);
+    }
+};
 
 QTEST_MAIN(TestGradePlannerDlg)
 #include "tst_gradeplannerdlg.moc"
