@@ -117,20 +117,6 @@ private slots:
         QCOMPARE(GetCourseGrade(courseId), expected);
     }
 
-    void typeOrderIsStableByPosition()
-    {
-        const quint32 courseId = Records::Course(QStringLiteral("Course"));
-        const quint32 a = Records::CwType(courseId, QStringLiteral("a"), 0, 0, 2);
-        const quint32 b = Records::CwType(courseId, QStringLiteral("b"), 0, 0, 0);
-        const quint32 c = Records::CwType(courseId, QStringLiteral("c"), 0, 0, 2);
-        const quint32 d = Records::CwType(courseId, QStringLiteral("d"), 0, 0, 1);
-        Records::CwType(Records::Course(QStringLiteral("Other")), QStringLiteral("x"), 0, 0, 0);
-
-        CourseTypeList list{{99, 99}}; // replaced, not appended to
-        LoadCourseTypes(courseId, list);
-        QCOMPARE(list, (CourseTypeList{{b, 0}, {d, 1}, {a, 2}, {c, 2}}));
-    }
-
     void gradeIndex_data()
     {
         QTest::addColumn<QList<double>>("minima"); // by grade number; NaN: no row
@@ -236,44 +222,6 @@ private slots:
         QCOMPARE(GetCourseGrade(courseId), 0.8);
         QCOMPARE(GetEffectiveScore(coursework).score, 8.0);
         QVERIFY(!store.Override(itemId) && !store.PredictedGrade(courseId));
-    }
-
-    void scoreToGive_data()
-    {
-        QTest::addColumn<double>("score");
-        QTest::addColumn<double>("possible");
-        QTest::addColumn<bool>("active");
-        QTest::addColumn<double>("effectiveScore");
-        QTest::addColumn<int>("source");
-
-        QTest::newRow("80 % of an ungraded 20-point item") << -1.0 << 20.0 << true << 16.0 << 1;
-        QTest::newRow("a 0-possible item gets nothing") << -1.0 << 0.0 << true << -1.0 << 0;
-        QTest::newRow("a graded item keeps its score") << 7.0 << 20.0 << true << 7.0 << 0;
-        QTest::newRow("mode off: nothing given") << -1.0 << 20.0 << false << -1.0 << 0;
-    }
-    void scoreToGive()
-    {
-        QFETCH(double, score);
-        QFETCH(double, possible);
-        QFETCH(bool, active);
-        QFETCH(double, effectiveScore);
-        QFETCH(int, source);
-
-        const quint32 courseId = MakeCourse(0, {{0.0, 0, {{score, possible}}}});
-        CourseTypeList types;
-        LoadCourseTypes(courseId, types);
-        CPredictionStore& store = CPredictionStore::Instance();
-        store.SetActive(active);
-        store.SetScoreToGive(types[0].first, 0.8);
-
-        CCourseworkTable coursework;
-        coursework.Open();
-        QVERIFY(coursework.MoveFirst(1));
-        const EffectiveScore e = GetEffectiveScore(coursework);
-        QCOMPARE(e.score, effectiveScore);
-        QCOMPARE(e.possible, possible);
-        QCOMPARE(e.source, source);
-        store.Clear();
     }
 
     void shownNumber_data()

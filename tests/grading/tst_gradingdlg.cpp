@@ -150,47 +150,6 @@ private slots:
                  typeCount - int(texts.contains(QStringLiteral("Delete"))));
     }
 
-    void typeMenuOpensWhereAsked_data()
-    {
-        QTest::addColumn<bool>("keyboard");
-        QTest::addColumn<int>("row"); // -1: below the entries
-        QTest::addColumn<int>("actions");
-
-        // New, Edit, Delete, separator, Move Up / Move Down as the row allows.
-        QTest::newRow("Menu key on the middle") << true << 1 << 6;
-        QTest::newRow("right click below the entries") << false << -1 << 1;
-    }
-    void typeMenuOpensWhereAsked()
-    {
-        QFETCH(bool, keyboard);
-        QFETCH(int, row);
-        QFETCH(int, actions);
-
-        GradingDlg dialog(
-            CourseWithTypes({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
-        dialog.show();
-        QTreeWidget* list = dialog.TypesPage()->List();
-        if (keyboard) {
-            list->setCurrentItem(list->topLevelItem(row));
-            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1),
-                                    list->mapToGlobal(QPoint(1, 1)));
-            QCoreApplication::sendEvent(list, &event);
-        } else {
-            const QPoint at = row >= 0 ? list->visualItemRect(list->topLevelItem(row)).center()
-                                       : QPoint(5, list->viewport()->height() - 5);
-            QContextMenuEvent event(QContextMenuEvent::Mouse, at,
-                                    list->viewport()->mapToGlobal(at));
-            QCoreApplication::sendEvent(list->viewport(), &event);
-        }
-        auto* menu = dialog.findChild<QMenu*>(QStringLiteral("cwTypeMenu"));
-        QVERIFY(menu);
-        QTRY_VERIFY(menu->isVisible());
-        QCOMPARE(menu->actions().size(), actions);
-        if (row >= 0)
-            QCOMPARE(dialog.TypesPage()->SelectedRow(), row);
-        menu->close();
-    }
-
     void deletedTypeCourseworkMoves_data()
     {
         QTest::addColumn<QString>("deleted");
@@ -428,25 +387,6 @@ private slots:
                  QStringList{QStringLiteral(
                      "The change could not be saved (refused). Nothing was changed.")});
         QCOMPARE(DumpPolicyTables(), before);
-    }
-
-    void startFlagOpensNewType()
-    {
-        const quint32 course = CourseWithTypes({QStringLiteral("Homework")});
-        QVERIFY(!GradingDlg(course).TypesPage()->PaneOpen());
-
-        GradingDlg dialog(course, true);
-        QCOMPARE(dialog.EditingTypeRow(), int(GradingDlg::EditingNewType));
-        QVERIFY(dialog.TypesPage()->PaneOpen());
-        QCOMPARE(dialog.Pages()->currentWidget(), dialog.TypesPage());
-        QCOMPARE(dialog.TypesPage()->Editor()->NameEdit()->text(), QString());
-    }
-
-    void typeNameLimitedTo25()
-    {
-        CwTypeEditor editor;
-        QTest::keyClicks(editor.NameEdit(), QStringLiteral("Laboratory Reports And More Besides"));
-        QCOMPARE(editor.NameEdit()->text(), QStringLiteral("Laboratory Reports And Mo"));
     }
 };
 

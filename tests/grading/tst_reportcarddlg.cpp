@@ -174,51 +174,6 @@ private slots:
         QCOMPARE(dialog.Chart()->ScaleLow(), 40.0);
         QCOMPARE(dialog.Chart()->ScaleHigh(), 100.0);
     }
-    void commandsOpenTheirDialogs_data()
-    {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("courseSelected");
-        QTest::addColumn<QString>("dialog");
-
-        QTest::newRow("Options...") << QStringLiteral("actionPredictionOptions") << false
-                                    << QStringLiteral("GradePredictionDlg");
-        QTest::newRow("Institution...")
-            << QStringLiteral("actionInstitution") << false << QStringLiteral("InstitutionDlg");
-        QTest::newRow("Report Card...")
-            << QStringLiteral("actionReportCard") << false << QStringLiteral("ReportCardDlg");
-        QTest::newRow("Progress Report...") << QStringLiteral("actionProgressReport") << true
-                                            << QStringLiteral("ProgressReportDlg");
-    }
-    void commandsOpenTheirDialogs()
-    {
-        QFETCH(QString, action);
-        QFETCH(bool, courseSelected);
-        QFETCH(QString, dialog);
-
-        const quint32 course = Course(QStringLiteral("Biology"), 0.85);
-        if (courseSelected) {
-            CAppStateTable::Instance().SetCurrentCourseID(course);
-            QVERIFY(CAppStateTable::Instance().UpdateRecord());
-        }
-
-        CMainFrame frame;
-        QStringList opened;
-        QString reportedCourse;
-        DialogRunner::SetHook([&](QDialog& shown) {
-            opened << shown.objectName();
-            if (auto* report = qobject_cast<ProgressReportDlg*>(&shown))
-                reportedCourse = report->CourseName();
-            return int(QDialog::Rejected);
-        });
-        auto* command = frame.findChild<QAction*>(action);
-        QVERIFY(command);
-        frame.UpdateCommandStates();
-        QVERIFY(command->isEnabled());
-        command->trigger();
-        QCOMPARE(opened, QStringList{dialog});
-        if (courseSelected)
-            QCOMPARE(reportedCourse, QStringLiteral("Biology"));
-    }
     void institutionRefreshesTheGpaBar()
     {
         Course(QStringLiteral("Biology"), 0.95);
