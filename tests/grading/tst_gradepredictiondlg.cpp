@@ -93,24 +93,6 @@ private slots:
         QCOMPARE(list->topLevelItem(1)->text(0), QStringLiteral("Homework"));
         QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("85.67%"));
     }
-    void clearPercentThenOkRemovesScoreToGive()
-    {
-        const quint32 course = Records::Course(QStringLiteral("Physics"));
-        const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-        const quint32 exams = Records::CwType(course, QStringLiteral("Exams"));
-        Store().SetScoreToGive(labs, 0.9);
-        Store().SetScoreToGive(exams, 0.7);
-
-        GradePredictionDlg dialog;
-        dialog.ClearPercent(0);
-        QCOMPARE(
-            dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"))->topLevelItem(0)->text(1),
-            QString());
-        dialog.accept();
-
-        QVERIFY(!Store().ScoreToGive(labs).has_value());
-        QCOMPARE(Store().ScoreToGive(exams).value_or(-1.0), 0.7);
-    }
     void switchingCoursesKeepsValues()
     {
         const quint32 physics = Records::Course(QStringLiteral("Physics"));
@@ -137,47 +119,42 @@ private slots:
         QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.7);
         QCOMPARE(Store().ScoreToGive(quizzes).value_or(-1.0), 0.955);
     }
-    void okReplacesEveryScoreToGive()
-    {
-        const quint32 course = Records::Course(QStringLiteral("Physics"));
-        const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-        // A score to give of a type the dialog does not list (an archived course).
-        const quint32 archived =
-            Records::Course(QStringLiteral("Old"), Records::Semester(QStringLiteral("Fall")));
-        const quint32 oldType = Records::CwType(archived, QStringLiteral("Old Labs"));
-        Store().SetScoreToGive(oldType, 0.5);
-        Store().SetScoreToGive(labs, 0.6);
-
-        GradePredictionDlg dialog;
-        dialog.accept();
-        QVERIFY(!Store().ScoreToGive(oldType).has_value());
-        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.6);
-    }
-    void okRecomputesNothing()
+    void okReplacesScoresToGiveCancelKeepsThem()
     {
         const quint32 course = Records::Course(QStringLiteral("Physics"), WorkingSemesterID, 0.5);
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
+        const quint32 exams = Records::CwType(course, QStringLiteral("Exams"));
         Records::Coursework(course, labs, QStringLiteral("Lab 1"), 5.0, 10.0);
         Records::Coursework(course, labs, QStringLiteral("Lab 2"), -1.0, 10.0);
+        // A score to give of a type the dialog does not list (an archived course).
+        const quint32 oldType = Records::CwType(
+            Records::Course(QStringLiteral("Old"), Records::Semester(QStringLiteral("Fall"))),
+            QStringLiteral("Old Labs"));
+        Store().SetScoreToGive(oldType, 0.5);
+        Store().SetScoreToGive(labs, 0.9);
+        Store().SetScoreToGive(exams, 0.7);
+        {
+            GradePredictionDlg dialog;
+            dialog.ClearPercent(0);
+            dialog.reject();
+        }
+        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.9);
 
         GradePredictionDlg dialog;
+        dialog.ClearPercent(1);
+        QCOMPARE(
+            dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"))->topLevelItem(1)->text(1),
+            QString());
         dialog.SetPercent(0, 100.0);
         dialog.accept();
+        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 1.0);
+        QVERIFY(!Store().ScoreToGive(exams) && !Store().ScoreToGive(oldType));
+        // OK stores percents only: nothing is recomputed.
         QVERIFY(!Store().PredictedGrade(course).has_value());
         QCOMPARE(GetCourseGrade(course), 0.5);
     }
-    void cancelKeepsTheStore()
-    {
-        const quint32 course = Records::Course(QStringLiteral("Physics"));
-        const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-        Store().SetScoreToGive(labs, 0.6);
 
-        GradePredictionDlg dialog;
-        dialog.ClearPercent(0);
-        dialog.reject();
-        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.6);
-    }
     void editPercent_data()
     {
         QTest::addColumn<QString>("typed");
@@ -204,6 +181,8 @@ private slots:
         ScoreEditorAnswer editor(typed);
         // Through the menu, as the user gets there.
         std::unique_ptr<QMenu> menu(dialog.MakeContextMenu(0, nullptr));
+        QCOMPARE(MenuTexts(menu.get()),
+                 (QStringList{QStringLiteral("Edit Percent"), QStringLiteral("Clear Percent")}));
         menu->actions().at(0)->trigger();
 
         QCOMPARE(editor.opened, 1);
