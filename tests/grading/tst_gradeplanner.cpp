@@ -298,12 +298,6 @@ private slots:
         QTest::newRow("by type not 100")
             << 1u << Course{{40, 0, {graded}}, {50, 0, {graded}}, {20, 0, {{-1, 10}}}} << falling
             << QList<int>{PolicyWarning::WeightsNotHundred};
-        QTest::newRow("by type all zero")
-            << 1u << Course{{0, 0, {graded}}} << falling
-            << QList<int>{PolicyWarning::TypeWeightZero, PolicyWarning::WeightsAllZero};
-        QTest::newRow("type without coursework")
-            << 0u << Course{{0, 0, {graded}}, {0, 0, {}}} << falling
-            << QList<int>{PolicyWarning::TypeWithoutCoursework};
         QTest::newRow("per item zero weights")
             << 2u << Course{{0, 0, {graded, {-1, 10, 0}}}} << falling
             << QList<int>{PolicyWarning::ItemWeightsZero};

@@ -3,7 +3,6 @@
 // past GPA; Cancel and a failed write change nothing.
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"
-#include "grading/dialogs/GradePointDlg.h"
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgGpaPage.h"
 #include "store/BrindleData.h"
@@ -255,60 +254,6 @@ private slots:
             QCOMPARE(StoredScale(), before);
         }
     }
-    void gradePointRefusals_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("points");
-        QTest::addColumn<QString>("message");
-
-        QTest::newRow("zero points") << QStringLiteral("F") << QStringLiteral("0") << QString();
-        QTest::newRow("no name") << QStringLiteral(" ") << QStringLiteral("4")
-                                 << QStringLiteral("Enter a name for the grade.");
-        QTest::newRow("negative") << QStringLiteral("A") << QStringLiteral("-1")
-                                  << QStringLiteral("Grade points are a number from 0 up.");
-        QTest::newRow("no points") << QStringLiteral("A") << QString()
-                                   << QStringLiteral("Grade points are a number from 0 up.");
-    }
-    void gradePointRefusals()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, points);
-        QFETCH(QString, message);
-
-        MessageAnswers answers;
-        GradePointDlg dialog(GradePointDlg::NewGradePoint);
-        dialog.NameField()->setText(name);
-        dialog.PointsField()->setText(points);
-        dialog.accept();
-        QCOMPARE(dialog.result(),
-                 message.isEmpty() ? int(QDialog::Accepted) : int(QDialog::Rejected));
-        QCOMPARE(answers.Texts(), message.isEmpty() ? QStringList() : QStringList{message});
-    }
-    void pastGpaShownOnlyWithPastHours_data()
-    {
-        QTest::addColumn<QString>("hours");
-        QTest::addColumn<QString>("points");
-        QTest::addColumn<QString>("shown"); // empty: hidden
-
-        QTest::newRow("two decimals")
-            << QStringLiteral("3") << QStringLiteral("10") << QStringLiteral("3.33");
-        QTest::newRow("zero hours") << QStringLiteral("0") << QStringLiteral("12") << QString();
-        QTest::newRow("empty hours") << QString() << QStringLiteral("12") << QString();
-    }
-    void pastGpaShownOnlyWithPastHours()
-    {
-        QFETCH(QString, hours);
-        QFETCH(QString, points);
-        QFETCH(QString, shown);
-
-        InstitutionDlg dialog;
-        InstitutionDlgGpaPage* page = dialog.GpaPage();
-        page->HoursField()->setText(hours);
-        page->PointsField()->setText(points);
-        QCOMPARE(page->IsPastGpaShown(), !shown.isEmpty());
-        if (!shown.isEmpty())
-            QCOMPARE(page->PastGpaText(), shown);
-    }
     void saveWritesGpaInfo()
     {
         {
@@ -357,23 +302,6 @@ private slots:
                  QStringList{QStringLiteral("Past hours and past points cannot be negative.")});
         QCOMPARE(StoredScale().size(), 4);
         QCOMPARE(StoredGpaInfo().points, 0.0);
-    }
-    void cancelWritesNothing()
-    {
-        const quint32 course = CourseWithMinimums(QStringLiteral("Art"), {90, 80, 70, 60});
-        const QStringList before = StoredScale();
-
-        InstitutionDlg dialog;
-        dialog.ChooseScale(1);
-        dialog.GpaPage()->HoursField()->setText(QStringLiteral("10"));
-        dialog.GpaPage()->ShowWithHoursBox()->setChecked(true);
-        dialog.reject();
-
-        QCOMPARE(StoredScale(), before);
-        QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
-        const GpaInfo info = StoredGpaInfo();
-        QCOMPARE(info.hours, 0.0);
-        QCOMPARE(info.weighted, 0);
     }
     void failedWriteChangesNothing()
     {

@@ -121,15 +121,9 @@ private slots:
         QTest::newRow("lowest dropped")
             << quint16(1) << std::vector<Item>{{8.0, 10.0, 100}, {5.0, 10.0, 100}}
             << QStringLiteral("2 of 2 completed") << QStringLiteral("80% B");
-        QTest::newRow("graded with nothing possible")
-            << quint16(0) << std::vector<Item>{{0.0, 0.0, 100}}
-            << QStringLiteral("1 of 1 completed") << QStringLiteral("-");
         QTest::newRow("rounded up, not to nearest")
             << quint16(0) << std::vector<Item>{{87.654, 100.0, 0}}
             << QStringLiteral("0 of 1 completed") << QStringLiteral("87.66% B");
-        QTest::newRow("under every minimum")
-            << quint16(0) << std::vector<Item>{{5.0, 10.0, 50}}
-            << QStringLiteral("0 of 1 completed") << QStringLiteral("50%");
         QTest::newRow("done past 100 counts as completed")
             << quint16(0) << std::vector<Item>{{10.0, 10.0, 120}}
             << QStringLiteral("1 of 1 completed") << QStringLiteral("100% A");
@@ -275,40 +269,6 @@ private slots:
         for (const char* name : {"gpaLabel", "majorGpaLabel", "cumulativeGpaLabel"})
             shown << dialog.findChild<QLabel*>(QLatin1String(name))->text();
         QCOMPARE(shown, lines);
-    }
-    void courseRow_data()
-    {
-        QTest::addColumn<double>("grade");
-        QTest::addColumn<QString>("shown");
-
-        QTest::newRow("no grade: the name alone") << -1.0 << QString();
-        QTest::newRow("rounded up to 87.51") << 0.87501 << QStringLiteral("87.51% B");
-        QTest::newRow("product just under a whole") << 0.57 << QStringLiteral("57% F");
-        QTest::newRow("under every minimum") << 0.3 << QStringLiteral("30% F");
-        QTest::newRow("zero") << 0.0 << QStringLiteral("0% F");
-    }
-    void courseRow()
-    {
-        QFETCH(double, grade);
-        QFETCH(QString, shown);
-
-        // A fifth grade for the courses under every minimum.
-        {
-            CGradeScaleTable scale;
-            scale.Open();
-            scale.NewRecord(0);
-            scale.SetGrade(4);
-            scale.SetGradeName(QStringLiteral("F"));
-            QVERIFY(scale.UpdateRecord());
-        }
-        Course(QStringLiteral("Biology"), grade);
-
-        ReportCardDlg dialog;
-        QCOMPARE(static_cast<int>(dialog.Rows().size()), 1);
-        QCOMPARE(ReportCardDlg::ScoreText(dialog.Rows().front()), shown);
-        auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("courseList"));
-        QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Biology"));
-        QCOMPARE(list->topLevelItem(0)->text(1), shown);
     }
     void rowsAndChartFollowCourseOrder()
     {
