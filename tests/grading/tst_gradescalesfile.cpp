@@ -1,6 +1,9 @@
 // The predefined grade scales file: the shipped file, the program's own
 // number routines, a last line ended with LF or CR LF, truncated and hostile
 // input. (A missing file: tst_institutiondlg.)
+//
+// Faults tried and caught: the last line's LF / CR LF kept in the last field
+// (numbers "final line feed", "final CR LF"; anyInputReturns).
 #include "grading/GradeScalesFile.h"
 
 #include <QRandomGenerator>

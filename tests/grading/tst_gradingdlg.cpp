@@ -1,8 +1,8 @@
 // The grading policy dialog: the type list's menu, deleting, adding and moving
 // types, the edit panes' refusals, OK in one transaction and Cancel.
 //
-// Faults tried and caught: the type writer's commit failure ignored (OK
-// closes the dialog: failedWriteRollsBackAndStaysOpen).
+// Faults tried and caught: a failed commit ignored by Save (OK closes the
+// dialog without a word: failedWriteRollsBackAndStaysOpen).
 #include "controls/NumericEdit.h"
 #include "grading/dialogs/CwTypeEditor.h"
 #include "grading/dialogs/GradingDlg.h"
