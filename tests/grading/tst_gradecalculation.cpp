@@ -4,9 +4,10 @@
 // Expected values are worked out by hand.
 //
 // Faults tried and caught: Per Item type weight left out of the course sum
-// (courseFraction "per item: two types"); By Type counting the weight of a
-// type with nothing graded (courseFraction "ungraded weighted type"); drop
-// comparison made >= instead of > (the tie rows).
+// ("per item: two types of different weights"); By Type counting the weight
+// of a type with nothing graded ("ungraded weighted type"); the drop test
+// made >= instead of > (the tie rows); a no-score course (-1.0) counted in
+// the GPA ("only ungraded courses", "ungraded courses beside graded ones").
 #include "GradingFixtures.h"
 #include "grading/Grading.h"
 #include "support/TestDatabase.h"
