@@ -17,6 +17,8 @@
 #include <cmath>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace Fixture;
 
 namespace {
@@ -154,8 +156,8 @@ private slots:
         QFETCH(double, fraction);
         QFETCH(int, expected);
 
-        const quint32 courseId = Records::Course(QStringLiteral("Course"));
-        Records::MinimumPercent(Records::Course(QStringLiteral("Other")), 0, 0.0);
+        const quint32 courseId = Records::Course(u"Course"_s);
+        Records::MinimumPercent(Records::Course(u"Other"_s), 0, 0.0);
         // Stored out of grade order: the array is indexed by the grade number.
         for (qsizetype g = minima.size() - 1; g >= 0; --g) {
             if (!std::isnan(minima[g]))
@@ -188,7 +190,7 @@ private slots:
             scale.SetGradeName(QString(QChar(u'A' + g)));
             scale.UpdateRecord();
         }
-        const quint32 courseId = Records::Course(QStringLiteral("Course"));
+        const quint32 courseId = Records::Course(u"Course"_s);
         CreateDefaultGradingPolicy(courseId);
 
         CourseTypeList types;
@@ -196,7 +198,7 @@ private slots:
         QCOMPARE(types.size(), size_t(1));
         CCwTypeTable type;
         QVERIFY(type.Open() && type.MoveToRecord(types[0].first));
-        QCOMPARE(type.GetCwTypeName(), QStringLiteral("Homework"));
+        QCOMPARE(type.GetCwTypeName(), u"Homework"_s);
         QCOMPARE(type.GetWeight(), 0.0);
         QCOMPARE(type.GetDrops(), quint16(0));
         QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(courseId),
@@ -243,14 +245,13 @@ private slots:
         QTest::addColumn<bool>("asPercent"); // a grade fraction shown as percent
         QTest::addColumn<QString>("text");
 
-        QTest::newRow("rounded up to the next hundredth")
-            << 0.87341 << true << QStringLiteral("87.35");
-        QTest::newRow("0.87654") << 0.87654 << true << QStringLiteral("87.66");
-        QTest::newRow("0.57 stays 57") << 0.57 << true << QStringLiteral("57");
-        QTest::newRow("above 100 cut to its whole part") << 1.05 << true << QStringLiteral("105");
-        QTest::newRow("zero") << 0.0 << true << QStringLiteral("0");
-        QTest::newRow("fraction") << 87.5 << false << QStringLiteral("87.5");
-        QTest::newRow("six places at most") << 1.0 / 3.0 << false << QStringLiteral("0.333333");
+        QTest::newRow("rounded up to the next hundredth") << 0.87341 << true << u"87.35"_s;
+        QTest::newRow("0.87654") << 0.87654 << true << u"87.66"_s;
+        QTest::newRow("0.57 stays 57") << 0.57 << true << u"57"_s;
+        QTest::newRow("above 100 cut to its whole part") << 1.05 << true << u"105"_s;
+        QTest::newRow("zero") << 0.0 << true << u"0"_s;
+        QTest::newRow("fraction") << 87.5 << false << u"87.5"_s;
+        QTest::newRow("six places at most") << 1.0 / 3.0 << false << u"0.333333"_s;
     }
     void shownNumber()
     {
@@ -279,7 +280,7 @@ private slots:
         for (quint16 g : {quint16(11), quint16(12)}) {
             scale.NewRecord(0);
             scale.SetGrade(g);
-            scale.SetGradeName(QStringLiteral("X"));
+            scale.SetGradeName(u"X"_s);
             scale.SetGradePoints(0.5);
             scale.UpdateRecord();
         }
@@ -339,9 +340,9 @@ private slots:
         QFETCH(double, inMajor);
         QFETCH(double, cumulative);
 
-        const quint32 archiveId = Records::Semester(QStringLiteral("Fall"));
+        const quint32 archiveId = Records::Semester(u"Fall"_s);
         for (const GpaCourse& c : courses)
-            Fixture::GradedCourse(QStringLiteral("Course"), c.grade, c.hours, c.inMajor,
+            Fixture::GradedCourse(u"Course"_s, c.grade, c.hours, c.inMajor,
                                   c.archived ? archiveId : WorkingSemesterID);
         CGPAInfoTable info;
         info.Open();
@@ -358,9 +359,9 @@ private slots:
 
     void semesterOnViewIsTheArchivedOne()
     {
-        const quint32 archiveId = Records::Semester(QStringLiteral("Fall"));
-        Fixture::GradedCourse(QStringLiteral("Now"), 0.95);
-        Fixture::GradedCourse(QStringLiteral("Then"), 0.75, 3.0, true, archiveId);
+        const quint32 archiveId = Records::Semester(u"Fall"_s);
+        Fixture::GradedCourse(u"Now"_s, 0.95);
+        Fixture::GradedCourse(u"Then"_s, 0.75, 3.0, true, archiveId);
         CAppStateTable::Instance().SetCurrentSemesterID(archiveId);
         QCOMPARE(GetSemesterGPA(true, false), 2.0);
         CAppStateTable::Instance().SetCurrentSemesterID(0);
@@ -369,7 +370,7 @@ private slots:
 
     void predictedGradesCount()
     {
-        const quint32 courseId = Fixture::GradedCourse(QStringLiteral("Course"), 0.95);
+        const quint32 courseId = Fixture::GradedCourse(u"Course"_s, 0.95);
         CPredictionStore& store = CPredictionStore::Instance();
         store.SetActive(true);
         QCOMPARE(GetSemesterGPA(false, false), 4.0); // nothing predicted yet

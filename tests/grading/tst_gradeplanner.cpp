@@ -17,6 +17,8 @@
 #include <cmath>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace Fixture;
 
 namespace {
@@ -60,9 +62,9 @@ void CheckNeed(quint32 courseId, const CGradePlanner::Need& need)
         const int step = int(std::lround(need.percent * 100));
         QCOMPARE(PercentOfStep(step), need.percent);
         QVERIFY2(RealReaches(courseId, need.percent, need.grade),
-                 qPrintable(QStringLiteral("grade %1 at %2").arg(need.grade).arg(need.percent)));
+                 qPrintable(u"grade %1 at %2"_s.arg(need.grade).arg(need.percent)));
         QVERIFY2(!RealReaches(courseId, PercentOfStep(step - 1), need.grade),
-                 qPrintable(QStringLiteral("grade %1 below %2").arg(need.grade).arg(need.percent)));
+                 qPrintable(u"grade %1 below %2"_s.arg(need.grade).arg(need.percent)));
         break;
     }
     }

@@ -16,6 +16,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 CPredictionStore& Store()
 {
@@ -38,7 +40,7 @@ struct ScoreEditorAnswer
     {
         DialogRunner::SetHook([this, text](QDialog& editor) {
             ++opened;
-            auto* field = editor.findChild<CNumericEdit*>(QStringLiteral("scoreToGiveEdit"));
+            auto* field = editor.findChild<CNumericEdit*>(u"scoreToGiveEdit"_s);
             if (!field)
                 return int(QDialog::Rejected);
             shownText = field->text();
@@ -77,41 +79,41 @@ private slots:
 
     void opensWithTypesInOrderAndStoredPercents()
     {
-        const quint32 course = Records::Course(QStringLiteral("Physics"));
-        const quint32 homework = Records::CwType(course, QStringLiteral("Homework"), 0.0, 0, 1);
-        Records::CwType(course, QStringLiteral("Exams"), 0.0, 0, 0);
+        const quint32 course = Records::Course(u"Physics"_s);
+        const quint32 homework = Records::CwType(course, u"Homework"_s, 0.0, 0, 1);
+        Records::CwType(course, u"Exams"_s, 0.0, 0, 0);
         Store().SetScoreToGive(homework, 0.8567);
         // A course of an archived semester is not offered.
-        Records::Course(QStringLiteral("Old Course"), Records::Semester(QStringLiteral("Fall")));
+        Records::Course(u"Old Course"_s, Records::Semester(u"Fall"_s));
 
         GradePredictionDlg dialog;
         QCOMPARE(static_cast<int>(dialog.Courses().size()), 1);
-        auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"));
+        auto* list = dialog.findChild<QTreeWidget*>(u"typeList"_s);
         QCOMPARE(list->topLevelItemCount(), 2);
-        QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Exams"));
+        QCOMPARE(list->topLevelItem(0)->text(0), u"Exams"_s);
         QCOMPARE(list->topLevelItem(0)->text(1), QString());
-        QCOMPARE(list->topLevelItem(1)->text(0), QStringLiteral("Homework"));
-        QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("85.67%"));
+        QCOMPARE(list->topLevelItem(1)->text(0), u"Homework"_s);
+        QCOMPARE(list->topLevelItem(1)->text(1), u"85.67%"_s);
     }
     void switchingCoursesKeepsValues()
     {
-        const quint32 physics = Records::Course(QStringLiteral("Physics"));
-        const quint32 labs = Records::CwType(physics, QStringLiteral("Labs"));
-        const quint32 chemistry = Records::Course(QStringLiteral("Chemistry"));
-        const quint32 quizzes = Records::CwType(chemistry, QStringLiteral("Quizzes"));
+        const quint32 physics = Records::Course(u"Physics"_s);
+        const quint32 labs = Records::CwType(physics, u"Labs"_s);
+        const quint32 chemistry = Records::Course(u"Chemistry"_s);
+        const quint32 quizzes = Records::CwType(chemistry, u"Quizzes"_s);
 
         GradePredictionDlg dialog;
-        auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("courseCombo"));
-        auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"));
+        auto* combo = dialog.findChild<QComboBox*>(u"courseCombo"_s);
+        auto* list = dialog.findChild<QTreeWidget*>(u"typeList"_s);
         QCOMPARE(combo->count(), 2);
         dialog.SetPercent(0, 70.0);
         combo->setCurrentIndex(1); // as the user picks it
         QCOMPARE(dialog.SelectedCourse(), 1);
-        QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Quizzes"));
+        QCOMPARE(list->topLevelItem(0)->text(0), u"Quizzes"_s);
         QCOMPARE(list->topLevelItem(0)->text(1), QString());
         dialog.SetPercent(0, 95.5);
         combo->setCurrentIndex(0);
-        QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("70.00%"));
+        QCOMPARE(list->topLevelItem(0)->text(1), u"70.00%"_s);
         // Nothing reaches the store before OK.
         QVERIFY(!Store().ScoreToGive(labs).has_value());
 
@@ -121,16 +123,15 @@ private slots:
     }
     void okReplacesScoresToGiveCancelKeepsThem()
     {
-        const quint32 course = Records::Course(QStringLiteral("Physics"), WorkingSemesterID, 0.5);
+        const quint32 course = Records::Course(u"Physics"_s, WorkingSemesterID, 0.5);
         Records::Policy(course, CGradingPolicyTable::WeightNone);
-        const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-        const quint32 exams = Records::CwType(course, QStringLiteral("Exams"));
-        Records::Coursework(course, labs, QStringLiteral("Lab 1"), 5.0, 10.0);
-        Records::Coursework(course, labs, QStringLiteral("Lab 2"), -1.0, 10.0);
+        const quint32 labs = Records::CwType(course, u"Labs"_s);
+        const quint32 exams = Records::CwType(course, u"Exams"_s);
+        Records::Coursework(course, labs, u"Lab 1"_s, 5.0, 10.0);
+        Records::Coursework(course, labs, u"Lab 2"_s, -1.0, 10.0);
         // A score to give of a type the dialog does not list (an archived course).
-        const quint32 oldType = Records::CwType(
-            Records::Course(QStringLiteral("Old"), Records::Semester(QStringLiteral("Fall"))),
-            QStringLiteral("Old Labs"));
+        const quint32 oldType =
+            Records::CwType(Records::Course(u"Old"_s, Records::Semester(u"Fall"_s)), u"Old Labs"_s);
         Store().SetScoreToGive(oldType, 0.5);
         Store().SetScoreToGive(labs, 0.9);
         Store().SetScoreToGive(exams, 0.7);
@@ -143,9 +144,8 @@ private slots:
 
         GradePredictionDlg dialog;
         dialog.ClearPercent(1);
-        QCOMPARE(
-            dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"))->topLevelItem(1)->text(1),
-            QString());
+        QCOMPARE(dialog.findChild<QTreeWidget*>(u"typeList"_s)->topLevelItem(1)->text(1),
+                 QString());
         dialog.SetPercent(0, 100.0);
         dialog.accept();
         QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 1.0);
@@ -161,9 +161,9 @@ private slots:
         QTest::addColumn<bool>("taken");
         QTest::addColumn<double>("percent");
 
-        QTest::newRow("in range") << QStringLiteral("72.5") << true << 72.5;
-        QTest::newRow("hundred") << QStringLiteral("100") << true << 100.0;
-        QTest::newRow("above 100") << QStringLiteral("100.5") << false << 40.0;
+        QTest::newRow("in range") << u"72.5"_s << true << 72.5;
+        QTest::newRow("hundred") << u"100"_s << true << 100.0;
+        QTest::newRow("above 100") << u"100.5"_s << false << 40.0;
         QTest::newRow("empty") << QString() << false << 40.0;
     }
     void editPercent()
@@ -172,8 +172,8 @@ private slots:
         QFETCH(bool, taken);
         QFETCH(double, percent);
 
-        const quint32 course = Records::Course(QStringLiteral("Physics"));
-        const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
+        const quint32 course = Records::Course(u"Physics"_s);
+        const quint32 labs = Records::CwType(course, u"Labs"_s);
         Store().SetScoreToGive(labs, 0.4);
 
         GradePredictionDlg dialog;
@@ -181,12 +181,11 @@ private slots:
         ScoreEditorAnswer editor(typed);
         // Through the menu, as the user gets there.
         std::unique_ptr<QMenu> menu(dialog.MakeContextMenu(0, nullptr));
-        QCOMPARE(MenuTexts(menu.get()),
-                 (QStringList{QStringLiteral("Edit Percent"), QStringLiteral("Clear Percent")}));
+        QCOMPARE(MenuTexts(menu.get()), (QStringList{u"Edit Percent"_s, u"Clear Percent"_s}));
         menu->actions().at(0)->trigger();
 
         QCOMPARE(editor.opened, 1);
-        QCOMPARE(editor.shownText, QStringLiteral("40"));
+        QCOMPARE(editor.shownText, u"40"_s);
         QCOMPARE(dialog.Courses().front().types.front().percent, percent);
         QCOMPARE(answers.Texts(),
                  taken ? QStringList()

@@ -9,6 +9,8 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Everything read, as text, so that two readings compare as a whole (a NaN
@@ -48,11 +50,9 @@ private slots:
                 grades << e.name + QLatin1Char(' ') + QString::number(e.points);
             read << grades.join(QLatin1Char(','));
         }
-        const QString below =
-            QStringLiteral("A 4,A- 3.7,B+ 3.3,B 3,B- 2.7,C+ 2.3,C 2,C- 1.7,D+ 1.3,D 1,D- 0.7");
+        const QString below = u"A 4,A- 3.7,B+ 3.3,B 3,B- 2.7,C+ 2.3,C 2,C- 1.7,D+ 1.3,D 1,D- 0.7"_s;
         QCOMPARE(read,
-                 (QStringList{QStringLiteral("A 4,B 3,C 2,D 1"), QStringLiteral("A+ 4,") + below,
-                              QStringLiteral("A+ 4.3,") + below}));
+                 (QStringList{u"A 4,B 3,C 2,D 1"_s, u"A+ 4,"_s + below, u"A+ 4.3,"_s + below}));
     }
     void numbers_data()
     {
@@ -84,10 +84,9 @@ private slots:
     {
         const auto scales = ParseGradeScales("1,\r\nMy\xE9 scale,2,A,4.0,B\n,3.0");
         QCOMPARE(scales.size(), size_t(1));
-        QCOMPARE(scales[0].name,
-                 QStringLiteral("\r\nMy") + QChar(0xFFE9) + QStringLiteral(" scale"));
+        QCOMPARE(scales[0].name, u"\r\nMy"_s + QChar(0xFFE9) + u" scale"_s);
         QCOMPARE(scales[0].grades.size(), size_t(2));
-        QCOMPARE(scales[0].grades[1].name, QStringLiteral("B\n"));
+        QCOMPARE(scales[0].grades[1].name, u"B\n"_s);
         QCOMPARE(scales[0].grades[1].points, 3.0);
     }
     void structure_data()

@@ -24,6 +24,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Every row of the policy tables as text, to prove that nothing was written.
@@ -64,8 +66,7 @@ QStringList StoredOrder(quint32 courseId)
     const CCeDBProp key(courseId);
     order.SetSeekValue(&key, CDataTable::SeekValueEqual);
     for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1))
-        names << QStringLiteral("%1@%2")
-                     .arg(CCwTypeTable::GetCwTypeNameFromID(order.GetCwTypeID()))
+        names << u"%1@%2"_s.arg(CCwTypeTable::GetCwTypeNameFromID(order.GetCwTypeID()))
                      .arg(order.GetCwTypePosition());
     names.sort();
     return names;
@@ -90,7 +91,7 @@ void FillTypePane(GradingDlg& dialog, const QString& fields)
 // A course "Biology" with the given types, in creation order.
 quint32 CourseWithTypes(const QStringList& names)
 {
-    const quint32 course = Records::Course(QStringLiteral("Biology"));
+    const quint32 course = Records::Course(u"Biology"_s);
     for (const QString& name : names)
         Records::CwType(course, name);
     return course;
@@ -119,14 +120,13 @@ private slots:
         QTest::addColumn<int>("row");
         QTest::addColumn<QString>("texts");
 
-        QTest::newRow("only type") << 1 << 0 << QStringLiteral("New Cw Type|Edit Cw Type");
+        QTest::newRow("only type") << 1 << 0 << u"New Cw Type|Edit Cw Type"_s;
         QTest::newRow("first of three")
-            << 3 << 0 << QStringLiteral("New Cw Type|Edit Cw Type|Delete Cw Type|-|Move Down");
+            << 3 << 0 << u"New Cw Type|Edit Cw Type|Delete Cw Type|-|Move Down"_s;
         QTest::newRow("middle of three")
-            << 3 << 1
-            << QStringLiteral("New Cw Type|Edit Cw Type|Delete Cw Type|-|Move Up|Move Down");
+            << 3 << 1 << u"New Cw Type|Edit Cw Type|Delete Cw Type|-|Move Up|Move Down"_s;
         QTest::newRow("last of two")
-            << 2 << 1 << QStringLiteral("New Cw Type|Edit Cw Type|Delete Cw Type|-|Move Up");
+            << 2 << 1 << u"New Cw Type|Edit Cw Type|Delete Cw Type|-|Move Up"_s;
     }
     void typeMenuOfferings()
     {
@@ -136,18 +136,17 @@ private slots:
 
         QStringList names;
         for (int i = 0; i < typeCount; ++i)
-            names << QStringLiteral("Type %1").arg(i);
+            names << u"Type %1"_s.arg(i);
         GradingDlg dialog(CourseWithTypes(names));
         std::unique_ptr<QMenu> menu(dialog.BuildTypeMenu(row, nullptr));
         QStringList shown;
         for (const QAction* action : menu->actions())
-            shown << (action->isSeparator() ? QStringLiteral("-") : action->text());
+            shown << (action->isSeparator() ? u"-"_s : action->text());
         QCOMPARE(shown.join(QLatin1Char('|')), texts);
 
         // A command that is not offered does nothing when run anyway.
         dialog.RunTypeCommand(GradingDlg::DeleteTypeCommand, row);
-        QCOMPARE(int(dialog.TypeEntries().size()),
-                 typeCount - int(texts.contains(QStringLiteral("Delete"))));
+        QCOMPARE(int(dialog.TypeEntries().size()), typeCount - int(texts.contains(u"Delete"_s)));
     }
 
     void deletedTypeCourseworkMoves_data()
@@ -157,24 +156,23 @@ private slots:
 
         // Types are created A, B, C but listed C, A, B: the coursework goes to
         // the first remaining type by record, not by display position.
-        QTest::newRow("middle of the table") << QStringLiteral("B") << QStringLiteral("A");
-        QTest::newRow("first of the table") << QStringLiteral("A") << QStringLiteral("B");
-        QTest::newRow("first on display") << QStringLiteral("C") << QStringLiteral("A");
+        QTest::newRow("middle of the table") << u"B"_s << u"A"_s;
+        QTest::newRow("first of the table") << u"A"_s << u"B"_s;
+        QTest::newRow("first on display") << u"C"_s << u"A"_s;
     }
     void deletedTypeCourseworkMoves()
     {
         QFETCH(QString, deleted);
         QFETCH(QString, receiver);
 
-        const quint32 course = Records::Course(QStringLiteral("Biology"));
+        const quint32 course = Records::Course(u"Biology"_s);
         QHash<QString, quint32> types;
-        types[QStringLiteral("A")] = Records::CwType(course, QStringLiteral("A"), 0.0, 0, 1);
-        types[QStringLiteral("B")] = Records::CwType(course, QStringLiteral("B"), 0.0, 0, 2);
-        types[QStringLiteral("C")] = Records::CwType(course, QStringLiteral("C"), 0.0, 0, 0);
-        const quint32 first = Records::Coursework(course, types[deleted], QStringLiteral("Lab 1"));
-        const quint32 second = Records::Coursework(course, types[deleted], QStringLiteral("Lab 2"));
-        const quint32 other =
-            Records::CwType(Records::Course(QStringLiteral("Chemistry")), QStringLiteral("Quiz"));
+        types[u"A"_s] = Records::CwType(course, u"A"_s, 0.0, 0, 1);
+        types[u"B"_s] = Records::CwType(course, u"B"_s, 0.0, 0, 2);
+        types[u"C"_s] = Records::CwType(course, u"C"_s, 0.0, 0, 0);
+        const quint32 first = Records::Coursework(course, types[deleted], u"Lab 1"_s);
+        const quint32 second = Records::Coursework(course, types[deleted], u"Lab 2"_s);
+        const quint32 other = Records::CwType(Records::Course(u"Chemistry"_s), u"Quiz"_s);
 
         GradingDlg dialog(course);
         const auto& entries = dialog.TypeEntries();
@@ -188,14 +186,14 @@ private slots:
         QCOMPARE(TypeOf(second), types[receiver]);
         QCOMPARE(Records::Count("CwType"), 3);
         QCOMPARE(Records::Count("CwTypeOrder"), 3);
-        QCOMPARE(CCwTypeTable::GetCwTypeNameFromID(other), QStringLiteral("Quiz"));
+        QCOMPARE(CCwTypeTable::GetCwTypeNameFromID(other), u"Quiz"_s);
     }
 
     void addedThenDeletedNeverStored()
     {
-        GradingDlg dialog(CourseWithTypes({QStringLiteral("Homework")}));
+        GradingDlg dialog(CourseWithTypes({u"Homework"_s}));
         dialog.NewType();
-        FillTypePane(dialog, QStringLiteral("Quizzes|2|1"));
+        FillTypePane(dialog, u"Quizzes|2|1"_s);
         QVERIFY(dialog.ApplyTypeEdit());
         QCOMPARE(int(dialog.TypeEntries().size()), 2);
         dialog.DeleteType(1);
@@ -207,36 +205,36 @@ private slots:
 
     void reorderRewritesPositions()
     {
-        const quint32 course = Records::Course(QStringLiteral("Biology"));
-        Records::CwType(course, QStringLiteral("A"), 0.0, 0, 3);
-        Records::CwType(course, QStringLiteral("B"), 0.0, 0, 7);
-        Records::CwType(course, QStringLiteral("C"), 0.0, 0, 12);
+        const quint32 course = Records::Course(u"Biology"_s);
+        Records::CwType(course, u"A"_s, 0.0, 0, 3);
+        Records::CwType(course, u"B"_s, 0.0, 0, 7);
+        Records::CwType(course, u"C"_s, 0.0, 0, 12);
 
         GradingDlg dialog(course);
         dialog.RunTypeCommand(GradingDlg::MoveDownCommand, 0); // B A C
         dialog.RunTypeCommand(GradingDlg::MoveUpCommand, 2);   // B C A
         QCOMPARE(dialog.TypesPage()->SelectedRow(), 1);
         QVERIFY(dialog.Save());
-        QCOMPARE(StoredOrder(course), QStringLiteral("A@2 B@0 C@1").split(QLatin1Char(' ')));
+        QCOMPARE(StoredOrder(course), u"A@2 B@0 C@1"_s.split(QLatin1Char(' ')));
     }
 
     void okWritesEditsAndNewTypes()
     {
-        const quint32 course = CourseWithTypes({QStringLiteral("Homework")});
+        const quint32 course = CourseWithTypes({u"Homework"_s});
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         Records::MinimumPercent(course, 0, 90.0);
         Records::MinimumPercent(course, 1, 80.0);
 
         GradingDlg dialog(course);
         dialog.EditType(0);
-        FillTypePane(dialog, QStringLiteral("Problem Sets|1.5|2"));
+        FillTypePane(dialog, u"Problem Sets|1.5|2"_s);
         QVERIFY(dialog.ApplyTypeEdit());
         dialog.NewType();
-        FillTypePane(dialog, QStringLiteral("Exams|3|0"));
+        FillTypePane(dialog, u"Exams|3|0"_s);
         QVERIFY(dialog.ApplyTypeEdit());
         dialog.SetWeighting(CGradingPolicyTable::WeightByType);
         dialog.EditMinimum(1);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), QStringLiteral("78.5"));
+        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"78.5"_s);
         QVERIFY(dialog.ApplyMinimumEdit());
         QVERIFY(dialog.Save());
 
@@ -248,8 +246,7 @@ private slots:
         QVERIFY(type.MoveToRecord(dialog.TypeEntries().at(1).id));
         QCOMPARE(type.GetCourseID(), course);
         QCOMPARE(type.GetWeight(), 3.0);
-        QCOMPARE(StoredOrder(course),
-                 (QStringList{QStringLiteral("Exams@1"), QStringLiteral("Problem Sets@0")}));
+        QCOMPARE(StoredOrder(course), (QStringList{u"Exams@1"_s, u"Problem Sets@0"_s}));
         QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
                  CGradingPolicyTable::WeightByType);
         CGradingPolicyGradeTable grades;
@@ -262,10 +259,10 @@ private slots:
 
     void cancelWritesNothing()
     {
-        const quint32 course = Records::Course(QStringLiteral("Biology"));
-        const quint32 homework = Records::CwType(course, QStringLiteral("Homework"), 1.0);
-        Records::CwType(course, QStringLiteral("Exams"), 2.0, 1);
-        Records::Coursework(course, homework, QStringLiteral("Lab 1"), 8.0, 10.0);
+        const quint32 course = Records::Course(u"Biology"_s);
+        const quint32 homework = Records::CwType(course, u"Homework"_s, 1.0);
+        Records::CwType(course, u"Exams"_s, 2.0, 1);
+        Records::Coursework(course, homework, u"Lab 1"_s, 8.0, 10.0);
         Records::Policy(course, CGradingPolicyTable::WeightByType);
         Records::MinimumPercent(course, 0, 90.0);
         const QStringList before = DumpPolicyTables();
@@ -273,12 +270,12 @@ private slots:
         GradingDlg dialog(course);
         dialog.DeleteType(0);
         dialog.NewType();
-        FillTypePane(dialog, QStringLiteral("Quizzes|1|0"));
+        FillTypePane(dialog, u"Quizzes|1|0"_s);
         QVERIFY(dialog.ApplyTypeEdit());
         dialog.RunTypeCommand(GradingDlg::MoveUpCommand, 1);
         dialog.SetWeighting(CGradingPolicyTable::WeightPerItem);
         dialog.EditMinimum(0);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), QStringLiteral("50"));
+        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"50"_s);
         QVERIFY(dialog.ApplyMinimumEdit());
         dialog.reject();
         QCOMPARE(DumpPolicyTables(), before);
@@ -290,21 +287,20 @@ private slots:
         QTest::addColumn<QString>("input");   // name|weight|drops, or the percent
         QTest::addColumn<QString>("message"); // empty: accepted
 
-        const QString percent =
-            QStringLiteral("The minimum percent must be a number from 0 to 100.");
-        const QString name = QStringLiteral("Enter a name for the coursework type.");
-        const QString weight = QStringLiteral("The weight must be a number of 0 or more.");
-        const QString drops = QStringLiteral("Drops must be a whole number from 0 to 99.");
-        QTest::newRow("percent 100") << false << QStringLiteral("100") << QString();
-        QTest::newRow("percent 100.01") << false << QStringLiteral("100.01") << percent;
-        QTest::newRow("percent negative") << false << QStringLiteral("-1") << percent;
+        const QString percent = u"The minimum percent must be a number from 0 to 100."_s;
+        const QString name = u"Enter a name for the coursework type."_s;
+        const QString weight = u"The weight must be a number of 0 or more."_s;
+        const QString drops = u"Drops must be a whole number from 0 to 99."_s;
+        QTest::newRow("percent 100") << false << u"100"_s << QString();
+        QTest::newRow("percent 100.01") << false << u"100.01"_s << percent;
+        QTest::newRow("percent negative") << false << u"-1"_s << percent;
         QTest::newRow("percent empty") << false << QString() << percent;
-        QTest::newRow("type ok") << true << QStringLiteral("Labs|0|99") << QString();
-        QTest::newRow("name blank") << true << QStringLiteral("   |1|0") << name;
-        QTest::newRow("weight negative") << true << QStringLiteral("Labs|-0.5|0") << weight;
-        QTest::newRow("weight empty") << true << QStringLiteral("Labs||0") << weight;
-        QTest::newRow("drops 100") << true << QStringLiteral("Labs|1|100") << drops;
-        QTest::newRow("drops empty") << true << QStringLiteral("Labs|1|") << drops;
+        QTest::newRow("type ok") << true << u"Labs|0|99"_s << QString();
+        QTest::newRow("name blank") << true << u"   |1|0"_s << name;
+        QTest::newRow("weight negative") << true << u"Labs|-0.5|0"_s << weight;
+        QTest::newRow("weight empty") << true << u"Labs||0"_s << weight;
+        QTest::newRow("drops 100") << true << u"Labs|1|100"_s << drops;
+        QTest::newRow("drops empty") << true << u"Labs|1|"_s << drops;
     }
     void paneRefusesOutOfRange()
     {
@@ -312,7 +308,7 @@ private slots:
         QFETCH(QString, input);
         QFETCH(QString, message);
 
-        const quint32 course = CourseWithTypes({QStringLiteral("Homework")});
+        const quint32 course = CourseWithTypes({u"Homework"_s});
         Records::MinimumPercent(course, 0, 90.0);
         GradingDlg dialog(course);
         MessageAnswers answers;
@@ -341,20 +337,19 @@ private slots:
 
     void okKeepsDialogOpenOnRefusedPane()
     {
-        GradingDlg dialog(CourseWithTypes({QStringLiteral("Homework")}));
+        GradingDlg dialog(CourseWithTypes({u"Homework"_s}));
         const QStringList before = DumpPolicyTables();
         dialog.show();
         dialog.EditType(0);
-        FillTypePane(dialog, QStringLiteral("Homework|-2|0"));
+        FillTypePane(dialog, u"Homework|-2|0"_s);
         MessageAnswers answers;
         dialog.accept();
         QVERIFY(dialog.isVisible());
-        QCOMPARE(answers.Texts(),
-                 QStringList{QStringLiteral("The weight must be a number of 0 or more.")});
+        QCOMPARE(answers.Texts(), QStringList{u"The weight must be a number of 0 or more."_s});
         QCOMPARE(DumpPolicyTables(), before);
 
         // An unapplied but valid pane is taken in by OK.
-        TypeInto(dialog.TypesPage()->Editor()->WeightEdit(), QStringLiteral("4"));
+        TypeInto(dialog.TypesPage()->Editor()->WeightEdit(), u"4"_s);
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
         QCOMPARE(dialog.TypeEntries().at(0).weight, 4.0);
@@ -362,7 +357,7 @@ private slots:
 
     void failedWriteRollsBackAndStaysOpen()
     {
-        const quint32 course = CourseWithTypes({QStringLiteral("Homework")});
+        const quint32 course = CourseWithTypes({u"Homework"_s});
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         Records::MinimumPercent(course, 0, 90.0);
         const QStringList before = DumpPolicyTables();
@@ -375,10 +370,10 @@ private slots:
         dialog.show();
         dialog.SetWeighting(CGradingPolicyTable::WeightByType);
         dialog.EditMinimum(0);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), QStringLiteral("85"));
+        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"85"_s);
         QVERIFY(dialog.ApplyMinimumEdit());
         dialog.NewType();
-        FillTypePane(dialog, QStringLiteral("Exams|1|0"));
+        FillTypePane(dialog, u"Exams|1|0"_s);
         MessageAnswers answers;
         dialog.accept();
 

@@ -19,6 +19,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 // Two predefined scales; the file is one line of comma-separated fields.
 const char ScalesFile[] = "2,Pass/Fail,2,P,1.0,F,0.0,Five Grades,5,A,4.0,B,3.0,C,2.0,D,1.0,E,-0.5";
@@ -30,8 +32,7 @@ QStringList StoredScale()
     CGradeScaleTable scale;
     scale.Open(0);
     for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1))
-        grades << QStringLiteral("%1:%2=%3")
-                      .arg(scale.GetGrade())
+        grades << u"%1:%2=%3"_s.arg(scale.GetGrade())
                       .arg(scale.GetGradeName())
                       .arg(scale.GetGradePoints());
     return grades;
@@ -41,7 +42,7 @@ QStringList Entries(const std::vector<GradeScaleEntry>& grades)
 {
     QStringList list;
     for (const GradeScaleEntry& grade : grades)
-        list << QStringLiteral("%1=%2").arg(grade.name).arg(grade.points);
+        list << u"%1=%2"_s.arg(grade.name).arg(grade.points);
     return list;
 }
 
@@ -96,7 +97,7 @@ private slots:
     {
         QLocale::setDefault(QLocale::c());
         QVERIFY(m_installDir.isValid());
-        QFile file(m_installDir.filePath(QStringLiteral("GradeScales.txt")));
+        QFile file(m_installDir.filePath(u"GradeScales.txt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(ScalesFile);
         file.close();
@@ -112,17 +113,14 @@ private slots:
     void selectorOffersCurrentFileScalesAndCustom()
     {
         InstitutionDlg dialog;
-        auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("scaleCombo"));
+        auto* combo = dialog.findChild<QComboBox*>(u"scaleCombo"_s);
         QVERIFY(combo);
         QStringList items;
         for (int i = 0; i < combo->count(); ++i)
             items << combo->itemText(i);
-        QCOMPARE(items, (QStringList{QStringLiteral("Current"), QStringLiteral("Pass/Fail"),
-                                     QStringLiteral("Five Grades"), QStringLiteral("Custom")}));
+        QCOMPARE(items, (QStringList{u"Current"_s, u"Pass/Fail"_s, u"Five Grades"_s, u"Custom"_s}));
         QCOMPARE(combo->currentIndex(), 0);
-        QCOMPARE(Entries(dialog.Grades()),
-                 (QStringList{QStringLiteral("A=4"), QStringLiteral("B=3"), QStringLiteral("C=2"),
-                              QStringLiteral("D=1")}));
+        QCOMPARE(Entries(dialog.Grades()), (QStringList{u"A=4"_s, u"B=3"_s, u"C=2"_s, u"D=1"_s}));
 
         // Choosing as the user does copies the scale into the list.
         combo->setCurrentIndex(2);
@@ -140,24 +138,22 @@ private slots:
         qputenv("BRINDLE_INSTALL_DIR", QFile::encodeName(empty.path()));
         InstitutionDlg dialog;
         qputenv("BRINDLE_INSTALL_DIR", saved);
-        QCOMPARE(dialog.ScaleNames(),
-                 (QStringList{QStringLiteral("Current"), QStringLiteral("Custom")}));
+        QCOMPARE(dialog.ScaleNames(), (QStringList{u"Current"_s, u"Custom"_s}));
     }
     void saveWithSameCountKeepsMinimums()
     {
         const QList<double> minimums{93.0, 85.0, 71.5, 65.0};
-        const quint32 course = CourseWithMinimums(QStringLiteral("Art"), minimums);
+        const quint32 course = CourseWithMinimums(u"Art"_s, minimums);
 
         InstitutionDlg dialog;
         dialog.DeleteGrade(3);
-        QVERIFY(dialog.AddGrade({QStringLiteral("F"), 0.0}));
+        QVERIFY(dialog.AddGrade({u"F"_s, 0.0}));
         dialog.DeleteGrade(0);
-        QVERIFY(dialog.AddGrade({QStringLiteral("A+"), 4.3}));
+        QVERIFY(dialog.AddGrade({u"A+"_s, 4.3}));
         QVERIFY(dialog.Save());
 
         // Updated in place, grade by grade.
-        QCOMPARE(StoredScale(), (QStringList{QStringLiteral("0:B=3"), QStringLiteral("1:C=2"),
-                                             QStringLiteral("2:F=0"), QStringLiteral("3:A+=4.3")}));
+        QCOMPARE(StoredScale(), (QStringList{u"0:B=3"_s, u"1:C=2"_s, u"2:F=0"_s, u"3:A+=4.3"_s}));
         QCOMPARE(Minimums(course), minimums);
     }
     void saveWithNewCountRebuildsMinimums_data()
@@ -186,23 +182,23 @@ private slots:
             scale.Open();
             scale.NewRecord(0);
             scale.SetGrade(grade);
-            scale.SetGradeName(QStringLiteral("E%1").arg(grade));
+            scale.SetGradeName(u"E%1"_s.arg(grade));
             QVERIFY(scale.UpdateRecord());
         }
         // Every course of every semester is rebuilt, archived ones too.
-        const quint32 working = CourseWithMinimums(QStringLiteral("Art"), before);
-        const quint32 archived = CourseWithMinimums(QStringLiteral("Music"), before,
-                                                    Records::Semester(QStringLiteral("Spring")));
+        const quint32 working = CourseWithMinimums(u"Art"_s, before);
+        const quint32 archived =
+            CourseWithMinimums(u"Music"_s, before, Records::Semester(u"Spring"_s));
 
         InstitutionDlg dialog;
         dialog.ChooseScale(dialog.ScaleNames().size() - 1);
         for (int i = 0; i < grades; ++i)
-            QVERIFY(dialog.AddGrade({QStringLiteral("G%1").arg(i), double(grades - i)}));
+            QVERIFY(dialog.AddGrade({u"G%1"_s.arg(i), double(grades - i)}));
         QVERIFY(dialog.Save());
 
         QStringList expected;
         for (int i = 0; i < grades; ++i)
-            expected << QStringLiteral("%1:G%1=%2").arg(i).arg(grades - i);
+            expected << u"%1:G%1=%2"_s.arg(i).arg(grades - i);
         QCOMPARE(StoredScale(), expected);
         QCOMPARE(Minimums(working), after);
         QCOMPARE(Minimums(archived), after);
@@ -225,12 +221,12 @@ private slots:
         InstitutionDlg dialog;
         dialog.ChooseScale(dialog.ScaleNames().size() - 1);
         for (int i = 0; i < grades; ++i)
-            QVERIFY(dialog.AddGrade({QStringLiteral("G%1").arg(i), 1.0}));
+            QVERIFY(dialog.AddGrade({u"G%1"_s.arg(i), 1.0}));
 
         MessageAnswers answers;
         if (grades == InstitutionDlg::MaxGrades) {
             // A thirteenth grade is refused, by hand or through the sub-dialog.
-            QVERIFY(!dialog.AddGrade({QStringLiteral("One too many"), 0.0}));
+            QVERIFY(!dialog.AddGrade({u"One too many"_s, 0.0}));
             int opened = 0;
             DialogRunner::SetHook([&opened](QDialog&) { return ++opened, int(QDialog::Rejected); });
             QVERIFY(!dialog.NewGrade());
@@ -274,8 +270,8 @@ private slots:
         page->ShowWithHoursBox()->setChecked(true);
         // Typed key by key: the field takes digits and the decimal point.
         page->HoursField()->clear();
-        QTest::keyClicks(page->HoursField(), QStringLiteral("4x5.5"));
-        QCOMPARE(page->HoursField()->text(), QStringLiteral("45.5"));
+        QTest::keyClicks(page->HoursField(), u"4x5.5"_s);
+        QCOMPARE(page->HoursField()->text(), u"45.5"_s);
         page->PointsField()->clear(); // an empty field is no past points
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
@@ -294,18 +290,17 @@ private slots:
     void negativePastValuesRefused()
     {
         InstitutionDlg dialog;
-        dialog.GpaPage()->PointsField()->setText(QStringLiteral("-4"));
+        dialog.GpaPage()->PointsField()->setText(u"-4"_s);
         dialog.ChooseScale(1); // a scale change that must not land either
         MessageAnswers answers;
         QVERIFY(!dialog.Save());
-        QCOMPARE(answers.Texts(),
-                 QStringList{QStringLiteral("Past hours and past points cannot be negative.")});
+        QCOMPARE(answers.Texts(), QStringList{u"Past hours and past points cannot be negative."_s});
         QCOMPARE(StoredScale().size(), 4);
         QCOMPARE(StoredGpaInfo().points, 0.0);
     }
     void failedWriteChangesNothing()
     {
-        const quint32 course = CourseWithMinimums(QStringLiteral("Art"), {90, 80, 70, 60});
+        const quint32 course = CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
         const QStringList before = StoredScale();
         // The minimum-percent rebuild fails half way, after the scale was rewritten.
         QVERIFY(CDataTable::GetMount()->Execute(
@@ -314,7 +309,7 @@ private slots:
 
         InstitutionDlg dialog;
         dialog.ChooseScale(1); // two grades instead of four
-        dialog.GpaPage()->HoursField()->setText(QStringLiteral("10"));
+        dialog.GpaPage()->HoursField()->setText(u"10"_s);
         MessageAnswers answers;
         dialog.accept();
 

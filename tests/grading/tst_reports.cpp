@@ -89,21 +89,19 @@ private slots:
 
     void emptyCourse()
     {
-        const quint32 course = CourseWithMinimums(QStringLiteral("Geology"));
-        Records::CwType(course, QStringLiteral("Homework"));
-        Records::CwType(course, QStringLiteral("Exams"));
+        const quint32 course = CourseWithMinimums(u"Geology"_s);
+        Records::CwType(course, u"Homework"_s);
+        Records::CwType(course, u"Exams"_s);
 
         ProgressReportDlg dialog(course);
-        QCOMPARE(dialog.CourseName(), QStringLiteral("Geology"));
-        auto* rows = dialog.findChild<QTreeWidget*>(QStringLiteral("typeRows"));
+        QCOMPARE(dialog.CourseName(), u"Geology"_s);
+        auto* rows = dialog.findChild<QTreeWidget*>(u"typeRows"_s);
         QCOMPARE(rows->topLevelItemCount(), 2);
-        QCOMPARE(rows->topLevelItem(1)->text(0), QStringLiteral("Exams"));
-        QCOMPARE(rows->topLevelItem(1)->text(1), QStringLiteral("0 of 0 completed"));
-        QCOMPARE(rows->topLevelItem(1)->text(2), QStringLiteral("-"));
-        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("completionLabel"))->text(),
-                 QStringLiteral("No Courseworks"));
-        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("gradeLabel"))->text(),
-                 QStringLiteral("No Score"));
+        QCOMPARE(rows->topLevelItem(1)->text(0), u"Exams"_s);
+        QCOMPARE(rows->topLevelItem(1)->text(1), u"0 of 0 completed"_s);
+        QCOMPARE(rows->topLevelItem(1)->text(2), u"-"_s);
+        QCOMPARE(dialog.findChild<QLabel*>(u"completionLabel"_s)->text(), u"No Courseworks"_s);
+        QCOMPARE(dialog.findChild<QLabel*>(u"gradeLabel"_s)->text(), u"No Score"_s);
     }
     void typeRow_data()
     {
@@ -114,19 +112,19 @@ private slots:
 
         QTest::newRow("ungraded only, still counted")
             << quint16(0) << std::vector<Item>{{-1.0, 10.0, 100}, {-1.0, 20.0, 0}}
-            << QStringLiteral("1 of 2 completed") << QStringLiteral("-");
+            << u"1 of 2 completed"_s << u"-"_s;
         QTest::newRow("graded and ungraded")
             << quint16(0) << std::vector<Item>{{8.0, 10.0, 100}, {5.0, 10.0, 100}, {-1.0, 10.0, 0}}
-            << QStringLiteral("2 of 3 completed") << QStringLiteral("65% D");
+            << u"2 of 3 completed"_s << u"65% D"_s;
         QTest::newRow("lowest dropped")
             << quint16(1) << std::vector<Item>{{8.0, 10.0, 100}, {5.0, 10.0, 100}}
-            << QStringLiteral("2 of 2 completed") << QStringLiteral("80% B");
+            << u"2 of 2 completed"_s << u"80% B"_s;
         QTest::newRow("rounded up, not to nearest")
-            << quint16(0) << std::vector<Item>{{87.654, 100.0, 0}}
-            << QStringLiteral("0 of 1 completed") << QStringLiteral("87.66% B");
+            << quint16(0) << std::vector<Item>{{87.654, 100.0, 0}} << u"0 of 1 completed"_s
+            << u"87.66% B"_s;
         QTest::newRow("done past 100 counts as completed")
-            << quint16(0) << std::vector<Item>{{10.0, 10.0, 120}}
-            << QStringLiteral("1 of 1 completed") << QStringLiteral("100% A");
+            << quint16(0) << std::vector<Item>{{10.0, 10.0, 120}} << u"1 of 1 completed"_s
+            << u"100% A"_s;
     }
     void typeRow()
     {
@@ -135,33 +133,32 @@ private slots:
         QFETCH(QString, counts);
         QFETCH(QString, score);
 
-        const quint32 course = CourseWithMinimums(QStringLiteral("Geology"));
-        const quint32 type = Records::CwType(course, QStringLiteral("Labs"), 0.0, drops);
+        const quint32 course = CourseWithMinimums(u"Geology"_s);
+        const quint32 type = Records::CwType(course, u"Labs"_s, 0.0, drops);
         int n = 0;
         for (const Item& item : items)
-            Records::Coursework(course, type, QStringLiteral("Lab %1").arg(++n), item.score,
-                                item.possible, 0.0, item.completed);
+            Records::Coursework(course, type, u"Lab %1"_s.arg(++n), item.score, item.possible, 0.0,
+                                item.completed);
 
         ProgressReportDlg dialog(course);
         QCOMPARE(static_cast<int>(dialog.Rows().size()), 1);
-        QCOMPARE(dialog.Rows().front().name, QStringLiteral("Labs"));
+        QCOMPARE(dialog.Rows().front().name, u"Labs"_s);
         QCOMPARE(ProgressReportDlg::CountText(dialog.Rows().front()), counts);
         QCOMPARE(ProgressReportDlg::ScoreText(dialog.Rows().front()), score);
     }
     void typesInTypeOrderWithTotals()
     {
-        const quint32 course = CourseWithMinimums(QStringLiteral("Geology"));
-        const quint32 labs = Records::CwType(course, QStringLiteral("Labs"), 0.0, 0, 2);
-        const quint32 exams = Records::CwType(course, QStringLiteral("Exams"), 0.0, 0, 0);
-        const quint32 quizzes = Records::CwType(course, QStringLiteral("Quizzes"), 0.0, 0, 1);
-        Records::Coursework(course, labs, QStringLiteral("Lab 1"), 9.0, 10.0, 0.0, 100);
-        Records::Coursework(course, labs, QStringLiteral("Lab 2"), -1.0, 10.0, 0.0, 40);
-        Records::Coursework(course, exams, QStringLiteral("Midterm"), 71.0, 100.0, 0.0, 100);
-        Records::Coursework(course, quizzes, QStringLiteral("Quiz 1"), -1.0, 5.0, 0.0, 0);
+        const quint32 course = CourseWithMinimums(u"Geology"_s);
+        const quint32 labs = Records::CwType(course, u"Labs"_s, 0.0, 0, 2);
+        const quint32 exams = Records::CwType(course, u"Exams"_s, 0.0, 0, 0);
+        const quint32 quizzes = Records::CwType(course, u"Quizzes"_s, 0.0, 0, 1);
+        Records::Coursework(course, labs, u"Lab 1"_s, 9.0, 10.0, 0.0, 100);
+        Records::Coursework(course, labs, u"Lab 2"_s, -1.0, 10.0, 0.0, 40);
+        Records::Coursework(course, exams, u"Midterm"_s, 71.0, 100.0, 0.0, 100);
+        Records::Coursework(course, quizzes, u"Quiz 1"_s, -1.0, 5.0, 0.0, 0);
         // Another course's coursework stays out of this report.
-        const quint32 other = CourseWithMinimums(QStringLiteral("History"));
-        Records::Coursework(other, Records::CwType(other, QStringLiteral("Labs")),
-                            QStringLiteral("Lab"), 1.0, 1.0, 0.0, 100);
+        const quint32 other = CourseWithMinimums(u"History"_s);
+        Records::Coursework(other, Records::CwType(other, u"Labs"_s), u"Lab"_s, 1.0, 1.0, 0.0, 100);
 
         ProgressReportDlg dialog(course);
         QStringList names;
@@ -170,21 +167,19 @@ private slots:
             names << row.name;
             scores << ProgressReportDlg::ScoreText(row);
         }
-        QCOMPARE(names, (QStringList{QStringLiteral("Exams"), QStringLiteral("Quizzes"),
-                                     QStringLiteral("Labs")}));
-        QCOMPARE(scores, (QStringList{QStringLiteral("71% C"), QStringLiteral("-"),
-                                      QStringLiteral("90% A")}));
-        QCOMPARE(dialog.CompletionText(), QStringLiteral("2 of 4 courseworks completed"));
+        QCOMPARE(names, (QStringList{u"Exams"_s, u"Quizzes"_s, u"Labs"_s}));
+        QCOMPARE(scores, (QStringList{u"71% C"_s, u"-"_s, u"90% A"_s}));
+        QCOMPARE(dialog.CompletionText(), u"2 of 4 courseworks completed"_s);
     }
     void gradeLine_data()
     {
         QTest::addColumn<double>("stored");
         QTest::addColumn<QString>("line");
 
-        QTest::newRow("no score") << -1.0 << QStringLiteral("No Score");
-        QTest::newRow("rounded up") << 0.87654 << QStringLiteral("Grade: 87.66% B");
-        QTest::newRow("above 100 keeps hundredths") << 1.125 << QStringLiteral("Grade: 112.5% A");
-        QTest::newRow("zero is a score") << 0.0 << QStringLiteral("Grade: 0%");
+        QTest::newRow("no score") << -1.0 << u"No Score"_s;
+        QTest::newRow("rounded up") << 0.87654 << u"Grade: 87.66% B"_s;
+        QTest::newRow("above 100 keeps hundredths") << 1.125 << u"Grade: 112.5% A"_s;
+        QTest::newRow("zero is a score") << 0.0 << u"Grade: 0%"_s;
     }
     void gradeLine()
     {
@@ -192,24 +187,24 @@ private slots:
         QFETCH(QString, line);
 
         // The line reads the stored grade; it does not recompute it.
-        const quint32 course = CourseWithMinimums(QStringLiteral("Geology"), stored);
-        Records::CwType(course, QStringLiteral("Homework"));
+        const quint32 course = CourseWithMinimums(u"Geology"_s, stored);
+        Records::CwType(course, u"Homework"_s);
 
         ProgressReportDlg dialog(course);
         QCOMPARE(dialog.GradeText(), line);
-        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("gradeLabel"))->text(), line);
+        QCOMPARE(dialog.findChild<QLabel*>(u"gradeLabel"_s)->text(), line);
     }
     void gradeLineShowsPrediction()
     {
-        const quint32 course = CourseWithMinimums(QStringLiteral("Geology"), 0.72);
-        const quint32 other = CourseWithMinimums(QStringLiteral("History"), 0.72);
+        const quint32 course = CourseWithMinimums(u"Geology"_s, 0.72);
+        const quint32 other = CourseWithMinimums(u"History"_s, 0.72);
         CPredictionStore::Instance().SetActive(true);
         CPredictionStore::Instance().SetPredictedGrade(course, 0.95);
 
-        QCOMPARE(ProgressReportDlg(course).GradeText(), QStringLiteral("Grade: 95% A"));
-        QCOMPARE(ProgressReportDlg(other).GradeText(), QStringLiteral("Grade: 72% C"));
+        QCOMPARE(ProgressReportDlg(course).GradeText(), u"Grade: 95% A"_s);
+        QCOMPARE(ProgressReportDlg(other).GradeText(), u"Grade: 72% C"_s);
         CPredictionStore::Instance().SetActive(false);
-        QCOMPARE(ProgressReportDlg(course).GradeText(), QStringLiteral("Grade: 72% C"));
+        QCOMPARE(ProgressReportDlg(course).GradeText(), u"Grade: 72% C"_s);
     }
 
     void gpaLines_data()
@@ -218,25 +213,18 @@ private slots:
         QTest::addColumn<QStringList>("lines");
 
         QTest::newRow("nothing graded")
-            << QStringLiteral("ungraded")
-            << QStringList{QStringLiteral("GPA:"), QStringLiteral("Maj GPA:"),
-                           QStringLiteral("Cum. GPA:")};
+            << u"ungraded"_s << QStringList{u"GPA:"_s, u"Maj GPA:"_s, u"Cum. GPA:"_s};
         QTest::newRow("past hours only")
-            << QStringLiteral("past")
-            << QStringList{QStringLiteral("GPA:"), QStringLiteral("Maj GPA:"),
-                           QStringLiteral("Cum. GPA: 3.300")};
-        QTest::newRow("graded") << QStringLiteral("graded")
-                                << QStringList{QStringLiteral("GPA: 3.000"),
-                                               QStringLiteral("Maj GPA: 4.000"),
-                                               QStringLiteral("Cum. GPA: 3.000")};
+            << u"past"_s << QStringList{u"GPA:"_s, u"Maj GPA:"_s, u"Cum. GPA: 3.300"_s};
+        QTest::newRow("graded") << u"graded"_s
+                                << QStringList{u"GPA: 3.000"_s, u"Maj GPA: 4.000"_s,
+                                               u"Cum. GPA: 3.000"_s};
         QTest::newRow("weighted by hours")
-            << QStringLiteral("weighted")
-            << QStringList{QStringLiteral("GPA: 3.333"), QStringLiteral("Maj GPA: 4.000"),
-                           QStringLiteral("Cum. GPA: 3.333")};
+            << u"weighted"_s
+            << QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.333"_s};
         QTest::newRow("archived course, cumulative only")
-            << QStringLiteral("archived")
-            << QStringList{QStringLiteral("GPA: 4.000"), QStringLiteral("Maj GPA: 4.000"),
-                           QStringLiteral("Cum. GPA: 2.500")};
+            << u"archived"_s
+            << QStringList{u"GPA: 4.000"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 2.500"_s};
     }
     void gpaLines()
     {
@@ -244,7 +232,7 @@ private slots:
         QFETCH(QStringList, lines);
 
         if (setup == QLatin1String("ungraded") || setup == QLatin1String("past")) {
-            Course(QStringLiteral("Ungraded"), -1.0, true);
+            Course(u"Ungraded"_s, -1.0, true);
             if (setup == QLatin1String("past")) {
                 CGPAInfoTable gpa;
                 gpa.Open();
@@ -254,12 +242,11 @@ private slots:
                 gpa.UpdateRecord();
             }
         } else if (setup == QLatin1String("archived")) {
-            Course(QStringLiteral("Algebra"), 0.95, true);
-            Course(QStringLiteral("Old"), 0.65, false, 3.0,
-                   Records::Semester(QStringLiteral("Fall")));
+            Course(u"Algebra"_s, 0.95, true);
+            Course(u"Old"_s, 0.65, false, 3.0, Records::Semester(u"Fall"_s));
         } else {
-            Course(QStringLiteral("Algebra"), 0.95, true, 4.0);
-            Course(QStringLiteral("Drawing"), 0.75, false, 2.0);
+            Course(u"Algebra"_s, 0.95, true, 4.0);
+            Course(u"Drawing"_s, 0.75, false, 2.0);
             CAppStateTable::Instance().SetShowGPAWithHours(setup == QLatin1String("weighted"));
             CAppStateTable::Instance().UpdateRecord();
         }
@@ -272,13 +259,12 @@ private slots:
     }
     void rowsAndChartFollowCourseOrder()
     {
-        Course(QStringLiteral("Zoology"), 0.91);
-        const quint32 algebra = Records::Course(QStringLiteral("Algebra"), WorkingSemesterID, 0.5);
+        Course(u"Zoology"_s, 0.91);
+        const quint32 algebra = Records::Course(u"Algebra"_s, WorkingSemesterID, 0.5);
         Records::MinimumPercent(algebra, 0, 85.0);
         Records::MinimumPercent(algebra, 2, 45.0); // grade 1 missing: counts as 0
-        Course(QStringLiteral("Chemistry"), -1.0);
-        Course(QStringLiteral("Archived"), 0.9, false, 3.0,
-               Records::Semester(QStringLiteral("Fall")));
+        Course(u"Chemistry"_s, -1.0);
+        Course(u"Archived"_s, 0.9, false, 3.0, Records::Semester(u"Fall"_s));
         // The predicted grade stands in for the stored one in prediction mode.
         CPredictionStore::Instance().SetActive(true);
         CPredictionStore::Instance().SetPredictedGrade(algebra, 0.48);
@@ -286,20 +272,17 @@ private slots:
         ReportCardDlg dialog;
         QStringList rows;
         for (const auto& row : dialog.Rows())
-            rows << QStringLiteral("%1|%2").arg(row.name, ReportCardDlg::ScoreText(row));
-        QCOMPARE(rows,
-                 (QStringList{QStringLiteral("Zoology|91% A"), QStringLiteral("Algebra|48% B"),
-                              QStringLiteral("Chemistry|")}));
+            rows << u"%1|%2"_s.arg(row.name, ReportCardDlg::ScoreText(row));
+        QCOMPARE(rows, (QStringList{u"Zoology|91% A"_s, u"Algebra|48% B"_s, u"Chemistry|"_s}));
 
         const auto& chart = dialog.Chart()->Courses();
         QCOMPARE(static_cast<int>(chart.size()), 3);
-        QCOMPARE(chart[1].name, QStringLiteral("Algebra"));
+        QCOMPARE(chart[1].name, u"Algebra"_s);
         QCOMPARE(chart[1].fraction, 0.48);
         QStringList bands;
         for (const auto& band : chart[1].bands)
-            bands << QStringLiteral("%1@%2").arg(band.gradeName).arg(band.minimum);
-        QCOMPARE(bands, (QStringList{QStringLiteral("A@85"), QStringLiteral("B@0"),
-                                     QStringLiteral("C@45")}));
+            bands << u"%1@%2"_s.arg(band.gradeName).arg(band.minimum);
+        QCOMPARE(bands, (QStringList{u"A@85"_s, u"B@0"_s, u"C@45"_s}));
         QCOMPARE(chart[2].fraction, -1.0);
         // One scale for every row, from the ten below the lowest minimum above 0
         // (45); a band starting at 0 would squeeze the others.
@@ -308,11 +291,11 @@ private slots:
     }
     void institutionRefreshesTheGpaBar()
     {
-        Course(QStringLiteral("Biology"), 0.95);
+        Course(u"Biology"_s, 0.95);
 
         CMainFrame frame;
         QLabel* bar = frame.View()->GradeBar();
-        QCOMPARE(bar->text(), QStringLiteral("GPA: 4.00"));
+        QCOMPARE(bar->text(), u"GPA: 4.00"_s);
 
         DialogRunner::SetHook([](QDialog& shown) {
             auto* institution = qobject_cast<InstitutionDlg*>(&shown);
@@ -331,8 +314,8 @@ private slots:
             institution->accept();
             return institution->result();
         });
-        frame.findChild<QAction*>(QStringLiteral("actionInstitution"))->trigger();
-        QCOMPARE(bar->text(), QStringLiteral("GPA: 3.50"));
+        frame.findChild<QAction*>(u"actionInstitution"_s)->trigger();
+        QCOMPARE(bar->text(), u"GPA: 3.50"_s);
     }
 
     void answersForTheCourse()
