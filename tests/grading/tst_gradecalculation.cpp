@@ -1,9 +1,15 @@
 // The course grade: per-type sums with drops, the three weightings, the grade
 // number, the default policy of a new course, prediction mode and the way a
-// grade is shown.
-#include "BrindleData.h"
+// grade is shown; grade points and the semester, in-major and cumulative GPAs.
+// Expected values are worked out by hand.
+//
+// Faults tried and caught: Per Item type weight left out of the course sum
+// ("per item: two types of different weights"); By Type counting the weight
+// of a type with nothing graded ("ungraded weighted type"); the drop test
+// made >= instead of > (the tie rows); a no-score course (-1.0) counted in
+// the GPA ("only ungraded courses", "ungraded courses beside graded ones").
+#include "GradingFixtures.h"
 #include "grading/Grading.h"
-#include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QtTest>
@@ -11,39 +17,11 @@
 #include <cmath>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
+using namespace Fixture;
+
 namespace {
-
-struct Item
-{
-    double score;
-    double possible;
-    double weight = 0.0;
-};
-
-struct Type
-{
-    double weight;
-    quint16 drops;
-    std::vector<Item> items;
-};
-
-using Course = std::vector<Type>;
-
-// Builds the course with its policy; returns its id.
-quint32 MakeCourse(quint32 weighting, const Course& types)
-{
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    Records::Policy(courseId, weighting);
-    int n = 0;
-    for (const Type& type : types) {
-        const quint32 typeId =
-            Records::CwType(courseId, QStringLiteral("Type %1").arg(++n), type.weight, type.drops);
-        for (const Item& item : type.items)
-            Records::Coursework(courseId, typeId, QStringLiteral("Item"), item.score, item.possible,
-                                0.0, 0, item.weight);
-    }
-    return courseId;
-}
 
 double StoredGrade(quint32 courseId)
 {
@@ -52,28 +30,25 @@ double StoredGrade(quint32 courseId)
     return course.MoveToRecord(courseId) ? course.GetCurrentGrade() : -2.0;
 }
 
-void SetScale(int gradeCount)
+// One course of a row; the default scale is A 4, B 3, C 2, D 1.
+struct GpaCourse
 {
-    CGradeScaleTable scale;
-    scale.Open();
-    for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1))
-        scale.DeleteRecord(0);
-    for (int g = 0; g < gradeCount; ++g) {
-        scale.NewRecord(0);
-        scale.SetGrade(static_cast<quint16>(g));
-        scale.SetGradeName(QString(QChar(u'A' + g)));
-        scale.SetGradePoints(gradeCount - g);
-        scale.UpdateRecord();
-    }
-}
+    double grade; // fraction, -1.0 no score
+    double hours;
+    bool inMajor = true;
+    bool archived = false;
+};
+using GpaCourses = std::vector<GpaCourse>;
 
 } // namespace
 
-Q_DECLARE_METATYPE(Course)
+Q_DECLARE_METATYPE(GpaCourses)
 
 class TestGradeCalculation : public QObject
 {
     Q_OBJECT
+
+    std::unique_ptr<TestDatabase> m_db;
 
 private slots:
     void init()
@@ -87,320 +62,327 @@ private slots:
         m_db.reset();
     }
 
-    void courseFraction_data();
-    void courseFraction();
-    void nonFiniteFractionIsStoredAsItIs();
-    void typeSummaryCountsAndDrops();
-    void typeOrderIsStableByPosition();
-    void gradeIndex_data();
-    void gradeIndex();
-    void defaultPolicy_data();
-    void defaultPolicy();
-    void predictionGoesToTheStoreAndLeavesWithTheMode();
-    void scoreToGive_data();
-    void scoreToGive();
-    void displayedPercent_data();
-    void displayedPercent();
-    void numberToText_data();
-    void numberToText();
+    void courseFraction_data()
+    {
+        QTest::addColumn<quint32>("weighting");
+        QTest::addColumn<Course>("course");
+        QTest::addColumn<double>("expected");
 
-private:
-    std::unique_ptr<TestDatabase> m_db;
+        const Type eightAndFive{0.0, 0, {{8, 10}, {5, 10}}};
+        const Type zeroOfTen{0.0, 0, {{0, 10}}};
+        for (quint32 w : {0u, 1u, 2u}) {
+            QTest::addRow("no types, weighting %u", w) << w << Course{} << -1.0;
+            QTest::addRow("all ungraded, weighting %u", w)
+                << w << Course{{1.0, 1, {{-1, 10, 1}, {-1, 20, 1}}}, {2.0, 0, {{-1, 5, 1}}}}
+                << -1.0;
+        }
+        QTest::newRow("none: 8/10 and 5/10") << 0u << Course{eightAndFive} << 0.65;
+        QTest::newRow("none: extra credit above possible")
+            << 0u << Course{{0.0, 0, {{12, 10}, {5, 10}}}} << 0.85;
+        QTest::newRow("none: one drop takes the 5/10")
+            << 0u << Course{{0.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
+        // After the 2/10 goes the rest sit at the average: the second drop
+        // finds nothing (the other type shows whether one or two were dropped).
+        QTest::newRow("none: drops 2 drops only one")
+            << 0u << Course{{0.0, 2, {{8, 10}, {8, 10}, {2, 10}}}, zeroOfTen} << 16.0 / 30.0;
+        QTest::newRow("drops beyond the graded count")
+            << 0u << Course{{0.0, 5, {{8, 10}, {4, 10}, {-1, 10}}}} << 0.8;
+        // Dropping 0/2 or 1/4 leaves 5/10 or 4/8: a tie, so the earlier one goes.
+        QTest::newRow("tie drops the earlier item")
+            << 0u << Course{{0.0, 1, {{4, 6}, {0, 2}, {1, 4}}}, zeroOfTen} << 5.0 / 20.0;
+        QTest::newRow("tie drops the earlier item, other order")
+            << 0u << Course{{0.0, 1, {{4, 6}, {1, 4}, {0, 2}}}, zeroOfTen} << 4.0 / 18.0;
+        QTest::newRow("ungraded and zero-possible items are never dropped")
+            << 0u << Course{{0.0, 3, {{8, 10}, {-1, 10}, {0, 0}}}} << 0.8;
+        QTest::newRow("none: a type with nothing graded is left out")
+            << 0u << Course{eightAndFive, {0.0, 0, {{-1, 50}}}} << 0.65;
+        QTest::newRow("by type: weights 1 and 3")
+            << 1u << Course{{1.0, 0, {{8, 10}}}, {3.0, 0, {{5, 10}}}} << 0.575;
+        QTest::newRow("by type: ungraded weighted type's weight does not count")
+            << 1u << Course{{1.0, 0, {{8, 10}}}, {3.0, 0, {{5, 10}}}, {6.0, 0, {{-1, 10}}}}
+            << 0.575;
+        QTest::newRow("by type: drop inside the type")
+            << 1u << Course{{1.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
+        QTest::newRow("by type: every weight 0 gives 0.0")
+            << 1u << Course{{0.0, 0, {{8, 10}}}, {0.0, 0, {{5, 10}}}} << 0.0;
+        // Graded items whose possible total is 0.0: stored as it is.
+        QTest::newRow("by type: nothing possible gives infinity")
+            << 1u << Course{{1.0, 0, {{5, -1}}}} << qInf();
+        QTest::newRow("per item: weights 1 and 3")
+            << 2u << Course{{0.0, 0, {{8, 10, 1}, {5, 10, 3}}}} << 0.575;
+        // Type weights 2 and 3 (their graded item weights): (2 x 0.7 + 3 x 0.5) / 5.
+        QTest::newRow("per item: two types of different weights")
+            << 2u << Course{{9.0, 0, {{8, 10, 1}, {6, 10, 1}}}, {1.0, 0, {{5, 10, 3}}}} << 0.58;
+        // W counts the ungraded item's weight; the type's weight only the graded.
+        QTest::newRow("per item: ungraded weight still divides")
+            << 2u << Course{{0.0, 0, {{8, 10, 1}, {-1, 10, 1}}}} << 0.4;
+        // Drop-one would take the 0.1/0.5 item here (leaving 0.5); Per Item never drops.
+        QTest::newRow("per item: drops drop nothing")
+            << 2u << Course{{0.0, 1, {{0.1, 0.5, 1}, {0.5, 0.5, 1}}}} << 0.6;
+        QTest::newRow("weighting outside 0..2 gives 0.0") << 3u << Course{eightAndFive} << 0.0;
+    }
+    void courseFraction()
+    {
+        QFETCH(quint32, weighting);
+        QFETCH(Course, course);
+        QFETCH(double, expected);
+
+        const quint32 courseId = MakeCourse(weighting, course);
+        RecomputeCourseGrade(courseId);
+        QCOMPARE(StoredGrade(courseId), expected);
+        QCOMPARE(GetCourseGrade(courseId), expected);
+    }
+
+    void gradeIndex_data()
+    {
+        QTest::addColumn<QList<double>>("minima"); // by grade number; NaN: no row
+        QTest::addColumn<double>("fraction");
+        QTest::addColumn<int>("expected");
+
+        const QList<double> four{90, 80, 70, 60};
+        QTest::newRow("best grade") << four << 0.95 << 0;
+        QTest::newRow("exactly a minimum") << QList<double>{90, 75, 60} << 0.75 << 1;
+        QTest::newRow("0.29 x 100 does not reach 29") << QList<double>{29} << 0.29 << 1;
+        QTest::newRow("under every minimum") << four << 0.59 << 4;
+        QTest::newRow("no score falls past the last grade") << four << -1.0 << 4;
+        QTest::newRow("a gap counts as minimum 0") << QList<double>{90, qQNaN(), 60} << 0.5 << 1;
+        QTest::newRow("no rows") << QList<double>{} << 0.5 << 0;
+        QTest::newRow("a NaN fraction is not less than any minimum") << four << qQNaN() << 0;
+        QTest::newRow("first match wins, not the best fit") << QList<double>{50, 90} << 0.95 << 0;
+    }
+    void gradeIndex()
+    {
+        QFETCH(QList<double>, minima);
+        QFETCH(double, fraction);
+        QFETCH(int, expected);
+
+        const quint32 courseId = Records::Course(u"Course"_s);
+        Records::MinimumPercent(Records::Course(u"Other"_s), 0, 0.0);
+        // Stored out of grade order: the array is indexed by the grade number.
+        for (qsizetype g = minima.size() - 1; g >= 0; --g) {
+            if (!std::isnan(minima[g]))
+                Records::MinimumPercent(courseId, static_cast<quint16>(g), minima[g]);
+        }
+        QCOMPARE(int(GetGradeIndex(courseId, fraction)), expected);
+    }
+
+    void defaultPolicy_data()
+    {
+        QTest::addColumn<int>("gradeCount");
+        QTest::addColumn<QList<double>>("minima");
+
+        QTest::newRow("4 grades") << 4 << QList<double>{90, 80, 70, 60};
+        QTest::newRow("3 grades: truncated, not rounded") << 3 << QList<double>{86, 73, 60};
+        QTest::newRow("empty scale") << 0 << QList<double>{};
+    }
+    void defaultPolicy()
+    {
+        QFETCH(int, gradeCount);
+        QFETCH(QList<double>, minima);
+
+        CGradeScaleTable scale;
+        scale.Open();
+        for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1))
+            scale.DeleteRecord(0);
+        for (int g = 0; g < gradeCount; ++g) {
+            scale.NewRecord(0);
+            scale.SetGrade(static_cast<quint16>(g));
+            scale.SetGradeName(QString(QChar(u'A' + g)));
+            scale.UpdateRecord();
+        }
+        const quint32 courseId = Records::Course(u"Course"_s);
+        CreateDefaultGradingPolicy(courseId);
+
+        CourseTypeList types;
+        LoadCourseTypes(courseId, types);
+        QCOMPARE(types.size(), size_t(1));
+        CCwTypeTable type;
+        QVERIFY(type.Open() && type.MoveToRecord(types[0].first));
+        QCOMPARE(type.GetCwTypeName(), u"Homework"_s);
+        QCOMPARE(type.GetWeight(), 0.0);
+        QCOMPARE(type.GetDrops(), quint16(0));
+        QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(courseId),
+                 CGradingPolicyTable::WeightNone);
+
+        QList<double> stored(minima.size(), -1.0);
+        CGradingPolicyGradeTable rows;
+        rows.Open();
+        for (int ok = rows.MoveFirst(1); ok; ok = rows.MoveNext(1)) {
+            QCOMPARE(rows.GetCourseID(), courseId);
+            QVERIFY(rows.GetGrade() < stored.size());
+            stored[rows.GetGrade()] = rows.GetMinimumPercent();
+        }
+        QCOMPARE(stored, minima);
+    }
+
+    void predictionGoesToTheStoreAndLeavesWithTheMode()
+    {
+        const quint32 courseId = MakeCourse(0, {{0.0, 0, {{8, 10}}}});
+        RecomputeCourseGrade(courseId);
+        CCourseworkTable coursework;
+        coursework.Open();
+        QVERIFY(coursework.MoveFirst(1));
+        const quint32 itemId = coursework.GetRecordID();
+
+        CPredictionStore& store = CPredictionStore::Instance();
+        store.SetActive(true);
+        store.SetOverride(itemId, {5.0, 10.0, EffectiveScore::Overridden});
+        QCOMPARE(GetCourseGrade(courseId), 0.8); // nothing recomputed yet
+        QCOMPARE(GetEffectiveScore(coursework).source, int(EffectiveScore::Overridden));
+        RecomputeCourseGrade(courseId);
+        QCOMPARE(GetCourseGrade(courseId), 0.5);
+        QCOMPARE(StoredGrade(courseId), 0.8); // the database never sees it
+
+        store.Toggle();
+        QCOMPARE(GetCourseGrade(courseId), 0.8);
+        QCOMPARE(GetEffectiveScore(coursework).score, 8.0);
+        QVERIFY(!store.Override(itemId) && !store.PredictedGrade(courseId));
+    }
+
+    void shownNumber_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<bool>("asPercent"); // a grade fraction shown as percent
+        QTest::addColumn<QString>("text");
+
+        QTest::newRow("rounded up to the next hundredth") << 0.87341 << true << u"87.35"_s;
+        QTest::newRow("0.87654") << 0.87654 << true << u"87.66"_s;
+        QTest::newRow("0.57 stays 57") << 0.57 << true << u"57"_s;
+        QTest::newRow("above 100 cut to its whole part") << 1.05 << true << u"105"_s;
+        QTest::newRow("zero") << 0.0 << true << u"0"_s;
+        QTest::newRow("fraction") << 87.5 << false << u"87.5"_s;
+        QTest::newRow("six places at most") << 1.0 / 3.0 << false << u"0.333333"_s;
+    }
+    void shownNumber()
+    {
+        QFETCH(double, value);
+        QFETCH(bool, asPercent);
+        QFETCH(QString, text);
+        QCOMPARE(GradeText::NumberToText(asPercent ? GradeText::PercentOfCut(value) : value), text);
+    }
+
+    void gradePoints_data()
+    {
+        QTest::addColumn<int>("grade");
+        QTest::addColumn<double>("points");
+
+        QTest::newRow("one past the scale") << 4 << 0.0;
+        QTest::newRow("grade 11 is looked up") << 11 << 0.5;
+        QTest::newRow("grade 12 earns 0 though the scale has it") << 12 << 0.0;
+    }
+    void gradePoints()
+    {
+        QFETCH(int, grade);
+        QFETCH(double, points);
+
+        CGradeScaleTable scale;
+        scale.Open();
+        for (quint16 g : {quint16(11), quint16(12)}) {
+            scale.NewRecord(0);
+            scale.SetGrade(g);
+            scale.SetGradeName(u"X"_s);
+            scale.SetGradePoints(0.5);
+            scale.UpdateRecord();
+        }
+        QCOMPARE(GetGradePoints(static_cast<quint16>(grade)), points);
+    }
+
+    void gpa_data()
+    {
+        QTest::addColumn<GpaCourses>("courses");
+        QTest::addColumn<double>("pastHours");
+        QTest::addColumn<double>("pastPoints");
+        QTest::addColumn<bool>("weighted");
+        QTest::addColumn<double>("semester");
+        QTest::addColumn<double>("inMajor");
+        QTest::addColumn<double>("cumulative");
+
+        const GpaCourses zeroHours{{0.95, 0}, {0.85, 0}};
+        QTest::newRow("nothing at all")
+            << GpaCourses{} << 0.0 << 0.0 << false << -1.0 << -1.0 << -1.0;
+        QTest::newRow("only ungraded courses")
+            << GpaCourses{{-1.0, 3}} << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
+        QTest::newRow("ungraded courses beside graded ones")
+            << GpaCourses{{-1.0, 3}, {0.85, 1}, {-1.0, 1, true, true}} << 0.0 << 0.0 << false << 3.0
+            << 3.0 << 3.0;
+        QTest::newRow("zero-hour courses, weighted")
+            << zeroHours << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
+        QTest::newRow("zero-hour courses, unweighted: the average")
+            << zeroHours << 0.0 << 0.0 << false << 3.5 << 3.5 << 3.5;
+        QTest::newRow("weighted by hours")
+            << GpaCourses{{0.95, 3}, {0.75, 1}} << 0.0 << 0.0 << true << 3.5 << 3.5 << 3.5;
+        QTest::newRow("a failing course counts with 0 points")
+            << GpaCourses{{0.95, 3}, {0.10, 1}} << 0.0 << 0.0 << true << 3.0 << 3.0 << 3.0;
+        QTest::newRow("0 % counts")
+            << GpaCourses{{0.95, 3}, {0.0, 1}} << 0.0 << 0.0 << false << 2.0 << 2.0 << 2.0;
+        QTest::newRow("hours left empty count 0 when weighted")
+            << GpaCourses{{0.95, -999.0}, {0.85, 2}} << 0.0 << 0.0 << true << 3.0 << 3.0 << 3.0;
+        QTest::newRow("in major only") << GpaCourses{{0.95, 3, true}, {0.75, 3, false}} << 0.0
+                                       << 0.0 << true << 3.0 << 4.0 << 3.0;
+        QTest::newRow("past hours and points, weighted")
+            << GpaCourses{{0.95, 2}} << 10.0 << 30.0 << true << 4.0 << 4.0 << 38.0 / 12.0;
+        QTest::newRow("past hours and points, unweighted")
+            << GpaCourses{{0.95, 2}} << 10.0 << 30.0 << false << 4.0 << 4.0 << 34.0 / 11.0;
+        QTest::newRow("past points without past hours are ignored")
+            << GpaCourses{{0.85, 2}} << 0.0 << 50.0 << true << 3.0 << 3.0 << 3.0;
+        QTest::newRow("past alone") << GpaCourses{} << 4.0 << 14.0 << true << -1.0 << -1.0 << 3.5;
+        QTest::newRow("archived courses count only cumulatively")
+            << GpaCourses{{0.95, 1}, {0.65, 1, true, true}} << 0.0 << 0.0 << false << 4.0 << 4.0
+            << 2.5;
+    }
+    void gpa()
+    {
+        QFETCH(GpaCourses, courses);
+        QFETCH(double, pastHours);
+        QFETCH(double, pastPoints);
+        QFETCH(bool, weighted);
+        QFETCH(double, semester);
+        QFETCH(double, inMajor);
+        QFETCH(double, cumulative);
+
+        const quint32 archiveId = Records::Semester(u"Fall"_s);
+        for (const GpaCourse& c : courses)
+            Fixture::GradedCourse(u"Course"_s, c.grade, c.hours, c.inMajor,
+                                  c.archived ? archiveId : WorkingSemesterID);
+        CGPAInfoTable info;
+        info.Open();
+        if (!info.MoveFirst(1))
+            info.NewRecord(0);
+        info.SetTotalPastHours(pastHours);
+        info.SetTotalPastPoints(pastPoints);
+        info.UpdateRecord();
+
+        QCOMPARE(GetSemesterGPA(weighted, false), semester);
+        QCOMPARE(GetSemesterGPA(weighted, true), inMajor);
+        QCOMPARE(GetCumulativeGPA(weighted), cumulative);
+    }
+
+    void semesterOnViewIsTheArchivedOne()
+    {
+        const quint32 archiveId = Records::Semester(u"Fall"_s);
+        Fixture::GradedCourse(u"Now"_s, 0.95);
+        Fixture::GradedCourse(u"Then"_s, 0.75, 3.0, true, archiveId);
+        CAppStateTable::Instance().SetCurrentSemesterID(archiveId);
+        QCOMPARE(GetSemesterGPA(true, false), 2.0);
+        CAppStateTable::Instance().SetCurrentSemesterID(0);
+        QCOMPARE(GetSemesterGPA(true, false), 4.0);
+    }
+
+    void predictedGradesCount()
+    {
+        const quint32 courseId = Fixture::GradedCourse(u"Course"_s, 0.95);
+        CPredictionStore& store = CPredictionStore::Instance();
+        store.SetActive(true);
+        QCOMPARE(GetSemesterGPA(false, false), 4.0); // nothing predicted yet
+        store.SetPredictedGrade(courseId, 0.72);
+        QCOMPARE(GetSemesterGPA(false, false), 2.0);
+        QCOMPARE(GetCumulativeGPA(false), 2.0);
+        store.SetPredictedGrade(courseId, -1.0);
+        QCOMPARE(GetCumulativeGPA(false), -1.0);
+        store.SetActive(false);
+        QCOMPARE(GetCumulativeGPA(false), 4.0);
+    }
 };
-
-void TestGradeCalculation::courseFraction_data()
-{
-    QTest::addColumn<quint32>("weighting");
-    QTest::addColumn<Course>("course");
-    QTest::addColumn<double>("expected");
-
-    const Type eightAndFive{0.0, 0, {{8, 10}, {5, 10}}};
-    const Type zeroOfTen{0.0, 0, {{0, 10}}};
-    for (quint32 w : {0u, 1u, 2u}) {
-        QTest::addRow("no types, weighting %u", w) << w << Course{} << -1.0;
-        QTest::addRow("all ungraded, weighting %u", w)
-            << w << Course{{1.0, 1, {{-1, 10, 1}, {-1, 20, 1}}}, {2.0, 0, {{-1, 5, 1}}}} << -1.0;
-    }
-    QTest::newRow("none: 8/10 and 5/10") << 0u << Course{eightAndFive} << 0.65;
-    QTest::newRow("none: one drop takes the 5/10")
-        << 0u << Course{{0.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
-    // After the 2/10 goes the rest sit at the average: the second drop finds
-    // nothing (the other type shows whether one or two were dropped).
-    QTest::newRow("none: drops 2 drops only one")
-        << 0u << Course{{0.0, 2, {{8, 10}, {8, 10}, {2, 10}}}, zeroOfTen} << 16.0 / 30.0;
-    // Dropping 0/2 or 1/4 leaves 5/10 or 4/8: a tie, so the earlier one goes.
-    QTest::newRow("tie drops the earlier item")
-        << 0u << Course{{0.0, 1, {{4, 6}, {0, 2}, {1, 4}}}, zeroOfTen} << 5.0 / 20.0;
-    QTest::newRow("tie drops the earlier item, other order")
-        << 0u << Course{{0.0, 1, {{4, 6}, {1, 4}, {0, 2}}}, zeroOfTen} << 4.0 / 18.0;
-    QTest::newRow("ungraded and zero-possible items are never dropped")
-        << 0u << Course{{0.0, 3, {{8, 10}, {-1, 10}, {0, 0}}}} << 0.8;
-    QTest::newRow("none: a type with nothing graded is left out")
-        << 0u << Course{eightAndFive, {0.0, 0, {{-1, 50}}}} << 0.65;
-    QTest::newRow("by type: weights 1 and 3")
-        << 1u << Course{{1.0, 0, {{8, 10}}}, {3.0, 0, {{5, 10}}}} << 0.575;
-    QTest::newRow("by type: drop inside the type")
-        << 1u << Course{{1.0, 1, {{8, 10}, {5, 10}}}} << 0.8;
-    QTest::newRow("by type: every weight 0 gives 0.0")
-        << 1u << Course{{0.0, 0, {{8, 10}}}, {0.0, 0, {{5, 10}}}} << 0.0;
-    QTest::newRow("per item: weights 1 and 3")
-        << 2u << Course{{0.0, 0, {{8, 10, 1}, {5, 10, 3}}}} << 0.575;
-    // W counts the ungraded item's weight; the type's weight only the graded.
-    QTest::newRow("per item: ungraded weight still divides")
-        << 2u << Course{{0.0, 0, {{8, 10, 1}, {-1, 10, 1}}}} << 0.4;
-    // Drop-one would take the 0.1/0.5 item here (leaving 0.5); Per Item never drops.
-    QTest::newRow("per item: drops drop nothing")
-        << 2u << Course{{0.0, 1, {{0.1, 0.5, 1}, {0.5, 0.5, 1}}}} << 0.6;
-    QTest::newRow("weighting outside 0..2 gives 0.0") << 3u << Course{eightAndFive} << 0.0;
-}
-
-void TestGradeCalculation::courseFraction()
-{
-    QFETCH(quint32, weighting);
-    QFETCH(Course, course);
-    QFETCH(double, expected);
-
-    const quint32 courseId = MakeCourse(weighting, course);
-    RecomputeCourseGrade(courseId);
-    QCOMPARE(StoredGrade(courseId), expected);
-    QCOMPARE(GetCourseGrade(courseId), expected);
-}
-
-void TestGradeCalculation::nonFiniteFractionIsStoredAsItIs()
-{
-    // By Type: graded items whose possible total is 0.0.
-    const quint32 courseId = MakeCourse(1, {{1.0, 0, {{5, -1}}}});
-    RecomputeCourseGrade(courseId);
-    QVERIFY(std::isinf(StoredGrade(courseId)));
-}
-
-void TestGradeCalculation::typeSummaryCountsAndDrops()
-{
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    const quint32 typeId = Records::CwType(courseId, QStringLiteral("Quiz"), 2.5, 2);
-    Records::Coursework(courseId, typeId, QStringLiteral("a"), 8, 10, 0, 100);
-    Records::Coursework(courseId, typeId, QStringLiteral("b"), 8, 10, 0, 150);
-    Records::Coursework(courseId, typeId, QStringLiteral("c"), 2, 10, 0, 99);
-    Records::Coursework(courseId, typeId, QStringLiteral("d"), -1, 10, 0, 0);
-
-    const TypeSummary byType = SummarizeType(typeId, CGradingPolicyTable::WeightByType);
-    QCOMPARE(byType.cwTypeId, typeId);
-    QCOMPARE(byType.name, QStringLiteral("Quiz"));
-    QCOMPARE(byType.weight, 2.5);
-    QCOMPARE(byType.drops, quint16(2));
-    QCOMPARE(byType.courseworkCount, quint16(4));
-    QCOMPARE(byType.completedCount, quint16(2));
-    QCOMPARE(byType.scoreTotal, 16.0);
-    QCOMPARE(byType.possibleTotal, 20.0);
-
-    QCOMPARE(SummarizeType(typeId, CGradingPolicyTable::WeightNone).weight, 0.0);
-    const TypeSummary missing = SummarizeType(courseId, CGradingPolicyTable::WeightNone);
-    QCOMPARE(missing.scoreTotal, -1.0);
-    QCOMPARE(missing.courseworkCount, quint16(0));
-}
-
-void TestGradeCalculation::typeOrderIsStableByPosition()
-{
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    const quint32 a = Records::CwType(courseId, QStringLiteral("a"), 0, 0, 2);
-    const quint32 b = Records::CwType(courseId, QStringLiteral("b"), 0, 0, 0);
-    const quint32 c = Records::CwType(courseId, QStringLiteral("c"), 0, 0, 2);
-    const quint32 d = Records::CwType(courseId, QStringLiteral("d"), 0, 0, 1);
-    Records::CwType(Records::Course(QStringLiteral("Other")), QStringLiteral("x"), 0, 0, 0);
-
-    CourseTypeList list{{99, 99}}; // replaced, not appended to
-    LoadCourseTypes(courseId, list);
-    const CourseTypeList expected{{b, 0}, {d, 1}, {a, 2}, {c, 2}};
-    QCOMPARE(list, expected);
-}
-
-void TestGradeCalculation::gradeIndex_data()
-{
-    QTest::addColumn<QList<double>>("minima"); // by grade number; NaN: no row
-    QTest::addColumn<double>("fraction");
-    QTest::addColumn<int>("expected");
-
-    const QList<double> four{90, 80, 70, 60};
-    QTest::newRow("best grade") << four << 0.95 << 0;
-    QTest::newRow("exactly a minimum") << QList<double>{90, 75, 60} << 0.75 << 1;
-    QTest::newRow("0.29 x 100 does not reach 29") << QList<double>{29} << 0.29 << 1;
-    QTest::newRow("under every minimum") << four << 0.59 << 4;
-    QTest::newRow("no score falls past the last grade") << four << -1.0 << 4;
-    QTest::newRow("a gap counts as minimum 0") << QList<double>{90, qQNaN(), 60} << 0.5 << 1;
-    QTest::newRow("no rows") << QList<double>{} << 0.5 << 0;
-    QTest::newRow("a NaN fraction is not less than any minimum") << four << qQNaN() << 0;
-    QTest::newRow("first match wins, not the best fit") << QList<double>{50, 90} << 0.95 << 0;
-}
-
-void TestGradeCalculation::gradeIndex()
-{
-    QFETCH(QList<double>, minima);
-    QFETCH(double, fraction);
-    QFETCH(int, expected);
-
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    const quint32 otherId = Records::Course(QStringLiteral("Other"));
-    Records::MinimumPercent(otherId, 0, 0.0);
-    // Stored out of grade order: the array is indexed by the grade number.
-    for (qsizetype g = minima.size() - 1; g >= 0; --g) {
-        if (!std::isnan(minima[g]))
-            Records::MinimumPercent(courseId, static_cast<quint16>(g), minima[g]);
-    }
-    QCOMPARE(int(GetGradeIndex(courseId, fraction)), expected);
-}
-
-void TestGradeCalculation::defaultPolicy_data()
-{
-    QTest::addColumn<int>("gradeCount");
-    QTest::addColumn<QList<double>>("minima");
-
-    QTest::newRow("4 grades") << 4 << QList<double>{90, 80, 70, 60};
-    QTest::newRow("3 grades: truncated, not rounded") << 3 << QList<double>{86, 73, 60};
-    QTest::newRow("5 grades") << 5 << QList<double>{92, 84, 76, 68, 60};
-    QTest::newRow("empty scale") << 0 << QList<double>{};
-}
-
-void TestGradeCalculation::defaultPolicy()
-{
-    QFETCH(int, gradeCount);
-    QFETCH(QList<double>, minima);
-
-    SetScale(gradeCount);
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    CreateDefaultGradingPolicy(courseId);
-
-    CourseTypeList types;
-    LoadCourseTypes(courseId, types);
-    QCOMPARE(types.size(), size_t(1));
-    QCOMPARE(types[0].second, qint16(0));
-    CCwTypeTable type;
-    QVERIFY(type.Open() && type.MoveToRecord(types[0].first));
-    QCOMPARE(type.GetCourseID(), courseId);
-    QCOMPARE(type.GetCwTypeName(), QStringLiteral("Homework"));
-    QCOMPARE(type.GetWeight(), 0.0);
-    QCOMPARE(type.GetDrops(), quint16(0));
-    QCOMPARE(Records::Count("GradingPolicy"), 1);
-    QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(courseId),
-             CGradingPolicyTable::WeightNone);
-
-    QList<double> stored(minima.size(), -1.0);
-    CGradingPolicyGradeTable rows;
-    rows.Open();
-    for (int ok = rows.MoveFirst(1); ok; ok = rows.MoveNext(1)) {
-        QCOMPARE(rows.GetCourseID(), courseId);
-        QVERIFY(rows.GetGrade() < stored.size());
-        stored[rows.GetGrade()] = rows.GetMinimumPercent();
-    }
-    QCOMPARE(Records::Count("GradingPolicyGrade"), int(minima.size()));
-    QCOMPARE(stored, minima);
-}
-
-void TestGradeCalculation::predictionGoesToTheStoreAndLeavesWithTheMode()
-{
-    const quint32 courseId = MakeCourse(0, {{0.0, 0, {{8, 10}}}});
-    RecomputeCourseGrade(courseId);
-    QCOMPARE(GetCourseGrade(courseId), 0.8);
-
-    CCourseworkTable coursework;
-    coursework.Open();
-    QVERIFY(coursework.MoveFirst(1));
-    const quint32 itemId = coursework.GetRecordID();
-
-    CPredictionStore& store = CPredictionStore::Instance();
-    store.SetActive(true);
-    QCOMPARE(GetCourseGrade(courseId), 0.8); // nothing recomputed yet
-    store.SetOverride(itemId, {5.0, 10.0, EffectiveScore::Overridden});
-    const EffectiveScore e = GetEffectiveScore(coursework);
-    QCOMPARE(e.score, 5.0);
-    QCOMPARE(e.source, int(EffectiveScore::Overridden));
-    RecomputeCourseGrade(courseId);
-    QCOMPARE(GetCourseGrade(courseId), 0.5);
-    QCOMPARE(StoredGrade(courseId), 0.8); // the database never sees it
-
-    store.Toggle();
-    QCOMPARE(GetCourseGrade(courseId), 0.8);
-    QCOMPARE(GetEffectiveScore(coursework).score, 8.0);
-    QCOMPARE(GetEffectiveScore(coursework).source, int(EffectiveScore::Recorded));
-    QVERIFY(!store.Override(itemId) && !store.PredictedGrade(courseId));
-}
-
-void TestGradeCalculation::scoreToGive_data()
-{
-    QTest::addColumn<double>("score");
-    QTest::addColumn<double>("possible");
-    QTest::addColumn<bool>("active");
-    QTest::addColumn<double>("effectiveScore");
-    QTest::addColumn<int>("source");
-
-    QTest::newRow("80 % of an ungraded 20-point item") << -1.0 << 20.0 << true << 16.0 << 1;
-    QTest::newRow("a 0-possible item gets nothing") << -1.0 << 0.0 << true << -1.0 << 0;
-    QTest::newRow("a graded item keeps its score") << 7.0 << 20.0 << true << 7.0 << 0;
-    QTest::newRow("mode off: nothing given") << -1.0 << 20.0 << false << -1.0 << 0;
-}
-
-void TestGradeCalculation::scoreToGive()
-{
-    QFETCH(double, score);
-    QFETCH(double, possible);
-    QFETCH(bool, active);
-    QFETCH(double, effectiveScore);
-    QFETCH(int, source);
-
-    const quint32 courseId = MakeCourse(0, {{0.0, 0, {{score, possible}}}});
-    CourseTypeList types;
-    LoadCourseTypes(courseId, types);
-    CPredictionStore::Instance().SetActive(true);
-    CPredictionStore::Instance().SetScoreToGive(types[0].first, 0.8);
-    CPredictionStore::Instance().SetActive(active);
-    if (!active) // switching off empties the store; give it again to prove the mode matters
-        CPredictionStore::Instance().SetScoreToGive(types[0].first, 0.8);
-
-    CCourseworkTable coursework;
-    coursework.Open();
-    QVERIFY(coursework.MoveFirst(1));
-    const EffectiveScore e = GetEffectiveScore(coursework);
-    QCOMPARE(e.score, effectiveScore);
-    QCOMPARE(e.possible, possible);
-    QCOMPARE(e.source, source);
-    CPredictionStore::Instance().Clear();
-}
-
-void TestGradeCalculation::displayedPercent_data()
-{
-    QTest::addColumn<double>("fraction");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("rounded up to the next hundredth") << 0.87341 << QStringLiteral("87.35");
-    QTest::newRow("0.87654") << 0.87654 << QStringLiteral("87.66");
-    QTest::newRow("0.57 stays 57") << 0.57 << QStringLiteral("57");
-    QTest::newRow("above 100 cut to its whole part") << 1.05 << QStringLiteral("105");
-    QTest::newRow("zero") << 0.0 << QStringLiteral("0");
-}
-
-void TestGradeCalculation::displayedPercent()
-{
-    QFETCH(double, fraction);
-    QFETCH(QString, text);
-    QCOMPARE(GradeText::NumberToText(GradeText::PercentOfCut(fraction)), text);
-}
-
-void TestGradeCalculation::numberToText_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("0") << 0.0 << QStringLiteral("0");
-    QTest::newRow("whole") << 3.0 << QStringLiteral("3");
-    QTest::newRow("fraction") << 87.5 << QStringLiteral("87.5");
-    QTest::newRow("six places at most") << 1.0 / 3.0 << QStringLiteral("0.333333");
-}
-
-void TestGradeCalculation::numberToText()
-{
-    QFETCH(double, value);
-    QFETCH(QString, text);
-    QCOMPARE(GradeText::NumberToText(value), text);
-}
 
 QTEST_GUILESS_MAIN(TestGradeCalculation)
 #include "tst_gradecalculation.moc"

@@ -3,13 +3,12 @@
 // answered percent and one hundredth below; randomized courses check that the
 // answer is the lowest percent from which on the grade holds. Also the target
 // GPA, the policy checks and the calculation breakdown.
-#include "BrindleData.h"
+#include "GradingFixtures.h"
 #include "grading/GpaPlanner.h"
 #include "grading/GradeBreakdown.h"
 #include "grading/GradePlanner.h"
 #include "grading/Grading.h"
 #include "grading/PolicyCheck.h"
-#include "support/Records.h"
 #include "support/TestDatabase.h"
 
 #include <QRandomGenerator>
@@ -18,49 +17,11 @@
 #include <cmath>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
+using namespace Fixture;
+
 namespace {
-
-struct Item
-{
-    double score; // -1.0: not graded
-    double possible;
-    double weight = 0.0;
-};
-
-struct Type
-{
-    double weight;
-    quint16 drops;
-    std::vector<Item> items;
-};
-
-using Course = std::vector<Type>;
-using Minimums = std::vector<double>;
-
-quint32 MakeCourse(quint32 weighting, const Course& types, const Minimums& minimums,
-                   double hours = 3.0)
-{
-    CTransaction transaction;
-    const quint32 courseId = Records::Course(QStringLiteral("Course"));
-    Records::Policy(courseId, weighting);
-    int n = 0;
-    for (const Type& type : types) {
-        const quint32 typeId =
-            Records::CwType(courseId, QStringLiteral("Type %1").arg(++n), type.weight, type.drops);
-        for (const Item& item : type.items)
-            Records::Coursework(courseId, typeId, QStringLiteral("Item"), item.score, item.possible,
-                                0.0, 0, item.weight);
-    }
-    for (quint16 g = 0; g < minimums.size(); ++g)
-        Records::MinimumPercent(courseId, g, minimums[g]);
-    CCourseTable course;
-    if (course.Open() && course.MoveToRecord(courseId)) {
-        course.SetCourseHours(hours);
-        course.UpdateRecord();
-    }
-    transaction.Commit();
-    return courseId;
-}
 
 // What Brindle shows once the student has that percent on everything left:
 // the prediction store's score to give for each type, then the recompute.
@@ -101,22 +62,39 @@ void CheckNeed(quint32 courseId, const CGradePlanner::Need& need)
         const int step = int(std::lround(need.percent * 100));
         QCOMPARE(PercentOfStep(step), need.percent);
         QVERIFY2(RealReaches(courseId, need.percent, need.grade),
-                 qPrintable(QStringLiteral("grade %1 at %2").arg(need.grade).arg(need.percent)));
+                 qPrintable(u"grade %1 at %2"_s.arg(need.grade).arg(need.percent)));
         QVERIFY2(!RealReaches(courseId, PercentOfStep(step - 1), need.grade),
-                 qPrintable(QStringLiteral("grade %1 below %2").arg(need.grade).arg(need.percent)));
+                 qPrintable(u"grade %1 below %2"_s.arg(need.grade).arg(need.percent)));
         break;
     }
     }
 }
 
-} // namespace
+// Checks every answer of the course's planner; where drops can make the grade
+// fall, also that each answer holds for every higher percent (every stride-th).
+void CheckPlanner(quint32 courseId, int stride)
+{
+    CGradePlanner planner(courseId);
+    QCOMPARE(planner.BestCase(), RealFraction(courseId, 100.0));
+    QCOMPARE(planner.WorstCase(), RealFraction(courseId, 0.0));
+    const bool mayFall = planner.MayFallAsPercentRises();
+    for (const CGradePlanner::Need& need : planner.Needs()) {
+        CheckNeed(courseId, need);
+        if (QTest::currentTestFailed() || !mayFall || need.status != CGradePlanner::Need::Reachable)
+            continue;
+        for (int step = int(std::lround(need.percent * 100)); step <= CGradePlanner::Steps;
+             step += stride)
+            QVERIFY(planner.GradeOf(planner.FractionAtStep(step)) <= need.grade);
+    }
+}
 
-Q_DECLARE_METATYPE(Course)
-Q_DECLARE_METATYPE(Minimums)
+} // namespace
 
 class TestGradePlanner : public QObject
 {
     Q_OBJECT
+
+    std::unique_ptr<TestDatabase> m_db;
 
 private slots:
     void init()
@@ -130,305 +108,248 @@ private slots:
         m_db.reset();
     }
 
-    void needs_data();
-    void needs();
-    void randomCourses();
-    void risesWithThePercentWithoutDrops();
-    void dropsCanMakeTheGradeFall();
-    void predictionScoresStand();
-    void bestAndWorstCase();
-    void targetGpa();
-    void policyChecks_data();
-    void policyChecks();
-    void breakdownShowsDropsAndShares();
+    void needs_data()
+    {
+        QTest::addColumn<quint32>("weighting");
+        QTest::addColumn<Course>("course");
+        QTest::addColumn<Minimums>("minimums");
+        QTest::addColumn<QList<int>>("statuses"); // per grade
 
-private:
-    std::unique_ptr<TestDatabase> m_db;
-};
+        const int S = CGradePlanner::Need::Secured;
+        const int R = CGradePlanner::Need::Reachable;
+        const int N = CGradePlanner::Need::NotReachable;
 
-void TestGradePlanner::needs_data()
-{
-    QTest::addColumn<quint32>("weighting");
-    QTest::addColumn<Course>("course");
-    QTest::addColumn<Minimums>("minimums");
-    QTest::addColumn<QList<int>>("statuses"); // per grade
-
-    const int S = CGradePlanner::Need::Secured;
-    const int R = CGradePlanner::Need::Reachable;
-    const int N = CGradePlanner::Need::NotReachable;
-    const Minimums abcd{90, 80, 70, 60};
-
-    QTest::newRow("none: half graded at 80")
-        << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}} << abcd << QList<int>{R, R, R, R};
-    QTest::newRow("none: nothing left to grade")
-        << 0u << Course{{0, 0, {{85, 100}}}} << abcd << QList<int>{N, S, S, S};
-    QTest::newRow("none: nothing graded yet")
-        << 0u << Course{{0, 0, {{-1, 10}, {-1, 30}}}} << abcd << QList<int>{R, R, R, R};
-    QTest::newRow("none: far behind")
-        << 0u << Course{{0, 0, {{10, 90}, {-1, 10}}}} << abcd << QList<int>{N, N, N, N};
-    QTest::newRow("none: extra credit already in")
-        << 0u << Course{{0, 0, {{60, 50}, {-1, 50}}}} << abcd << QList<int>{R, R, R, S};
-    QTest::newRow("none: drops") << 0u << Course{{0, 1, {{8, 10}, {2, 10}, {-1, 10}, {-1, 10}}}}
-                                 << abcd << QList<int>{R, R, R, R};
-    QTest::newRow("by type: two types")
-        << 1u << Course{{40, 0, {{18, 20}, {-1, 20}}}, {60, 0, {{-1, 100}}}, {0, 0, {{-1, 10}}}}
-        << abcd << QList<int>{R, R, R, R};
-    QTest::newRow("by type: weights not 100")
-        << 1u << Course{{1, 0, {{7, 10}}}, {3, 0, {{-1, 10}}}} << abcd << QList<int>{R, R, R, R};
-    QTest::newRow("per item") << 2u << Course{{0, 0, {{9, 10, 1}, {-1, 10, 3}, {-1, 5, 1}}}} << abcd
-                              << QList<int>{R, R, R, R};
-    QTest::newRow("per item: all weights 0 (0/0)")
-        << 2u << Course{{0, 0, {{9, 10, 0}, {-1, 10, 0}}}} << abcd << QList<int>{N, N, N, N};
-    QTest::newRow("minimums not falling") << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}}
-                                          << Minimums{90, 95, 70} << QList<int>{R, R, R};
-}
-
-void TestGradePlanner::needs()
-{
-    QFETCH(quint32, weighting);
-    QFETCH(Course, course);
-    QFETCH(Minimums, minimums);
-    QFETCH(QList<int>, statuses);
-
-    const quint32 courseId = MakeCourse(weighting, course, minimums);
-    CGradePlanner planner(courseId);
-    const std::vector<CGradePlanner::Need> needs = planner.Needs();
-    QCOMPARE(int(needs.size()), int(minimums.size()));
-    for (const CGradePlanner::Need& need : needs) {
-        QCOMPARE(int(need.status), statuses.at(need.grade));
-        QCOMPARE(need.minimum, minimums[need.grade]);
-        CheckNeed(courseId, need);
+        QTest::newRow("none: half graded at 80")
+            << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}} << abcd << QList<int>{R, R, R, R};
+        QTest::newRow("none: nothing left to grade")
+            << 0u << Course{{0, 0, {{85, 100}}}} << abcd << QList<int>{N, S, S, S};
+        QTest::newRow("none: nothing graded yet")
+            << 0u << Course{{0, 0, {{-1, 10}, {-1, 30}}}} << abcd << QList<int>{R, R, R, R};
+        QTest::newRow("none: far behind")
+            << 0u << Course{{0, 0, {{10, 90}, {-1, 10}}}} << abcd << QList<int>{N, N, N, N};
+        QTest::newRow("none: extra credit already in")
+            << 0u << Course{{0, 0, {{60, 50}, {-1, 50}}}} << abcd << QList<int>{R, R, R, S};
+        QTest::newRow("none: drops") << 0u << Course{{0, 1, {{8, 10}, {2, 10}, {-1, 10}, {-1, 10}}}}
+                                     << abcd << QList<int>{R, R, R, R};
+        QTest::newRow("by type: two types")
+            << 1u << Course{{40, 0, {{18, 20}, {-1, 20}}}, {60, 0, {{-1, 100}}}, {0, 0, {{-1, 10}}}}
+            << abcd << QList<int>{R, R, R, R};
+        QTest::newRow("by type: weights not 100")
+            << 1u << Course{{1, 0, {{7, 10}}}, {3, 0, {{-1, 10}}}} << abcd
+            << QList<int>{R, R, R, R};
+        QTest::newRow("per item") << 2u << Course{{0, 0, {{9, 10, 1}, {-1, 10, 3}, {-1, 5, 1}}}}
+                                  << abcd << QList<int>{R, R, R, R};
+        QTest::newRow("per item: all weights 0 (0/0)")
+            << 2u << Course{{0, 0, {{9, 10, 0}, {-1, 10, 0}}}} << abcd << QList<int>{N, N, N, N};
+        QTest::newRow("minimums not falling") << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}}
+                                              << Minimums{90, 95, 70} << QList<int>{R, R, R};
     }
-}
-
-void TestGradePlanner::randomCourses()
-{
-    QRandomGenerator random(1616);
-    auto pick = [&random](int low, int high) { return int(random.bounded(low, high + 1)); };
-    for (int round = 0; round < 300; ++round) {
-        const quint32 weighting = quint32(pick(0, 2));
-        Course course;
-        const int typeCount = pick(1, 3);
-        for (int t = 0; t < typeCount; ++t) {
-            Type type{double(pick(0, 4) * 10), quint16(pick(0, 3) == 0 ? pick(1, 2) : 0), {}};
-            const int itemCount = pick(1, 5);
-            for (int i = 0; i < itemCount; ++i) {
-                const double possible = double(pick(1, 4) * 5);
-                // Some ungraded, some above their possible (extra credit).
-                const double score =
-                    pick(0, 2) == 0 ? -1.0 : possible * random.bounded(110) / 100.0;
-                type.items.push_back({score, possible, double(pick(0, 3))});
-            }
-            course.push_back(type);
-        }
-        Minimums minimums;
-        double minimum = 100.0;
-        for (int g = 0; g < 4; ++g)
-            minimums.push_back(minimum -= 1 + random.bounded(20));
+    void needs()
+    {
+        QFETCH(quint32, weighting);
+        QFETCH(Course, course);
+        QFETCH(Minimums, minimums);
+        QFETCH(QList<int>, statuses);
 
         const quint32 courseId = MakeCourse(weighting, course, minimums);
         CGradePlanner planner(courseId);
-        const bool mayFall = planner.MayFallAsPercentRises();
-        for (const CGradePlanner::Need& need : planner.Needs()) {
-            CheckNeed(courseId, need);
+        const std::vector<CGradePlanner::Need> needs = planner.Needs();
+        QCOMPARE(int(needs.size()), int(minimums.size()));
+        for (const CGradePlanner::Need& need : needs) {
+            QCOMPARE(int(need.status), statuses.at(need.grade));
+            QCOMPARE(need.minimum, minimums[need.grade]);
+        }
+        CheckPlanner(courseId, 1);
+    }
+    void randomCourses()
+    {
+        QRandomGenerator random(1616);
+        auto pick = [&random](int low, int high) { return int(random.bounded(low, high + 1)); };
+        for (int round = 0; round < 300; ++round) {
+            const quint32 weighting = quint32(pick(0, 2));
+            Course course;
+            const int typeCount = pick(1, 3);
+            for (int t = 0; t < typeCount; ++t) {
+                Type type{double(pick(0, 4) * 10), quint16(pick(0, 3) == 0 ? pick(1, 2) : 0), {}};
+                const int itemCount = pick(1, 5);
+                for (int i = 0; i < itemCount; ++i) {
+                    const double possible = double(pick(1, 4) * 5);
+                    // Some ungraded, some above their possible (extra credit).
+                    const double score =
+                        pick(0, 2) == 0 ? -1.0 : possible * random.bounded(110) / 100.0;
+                    type.items.push_back({score, possible, double(pick(0, 3))});
+                }
+                course.push_back(type);
+            }
+            Minimums minimums;
+            double minimum = 100.0;
+            for (int g = 0; g < 4; ++g)
+                minimums.push_back(minimum -= 1 + random.bounded(20));
+
+            CheckPlanner(MakeCourse(weighting, course, minimums), 7);
             if (QTest::currentTestFailed())
                 return;
-            if (!mayFall || need.status != CGradePlanner::Need::Reachable)
-                continue;
-            // Where drops can make the grade fall, the answer must hold for
-            // every higher percent too.
-            for (int step = int(std::lround(need.percent * 100)); step <= CGradePlanner::Steps;
-                 step += 7)
-                QVERIFY(planner.GradeOf(planner.FractionAtStep(step)) <= need.grade);
         }
     }
-}
-
-void TestGradePlanner::risesWithThePercentWithoutDrops()
-{
-    // Without drops every sum grows with the percent, extra credit included:
-    // the grade never falls as the percent rises, under every weighting.
-    QRandomGenerator random(16);
-    for (int round = 0; round < 60; ++round) {
-        const quint32 weighting = quint32(round % 3);
-        Course course;
-        for (int t = 0; t < 2; ++t) {
-            Type type{double(random.bounded(50)), 0, {}};
-            for (int i = 0; i < 4; ++i) {
-                const double possible = double(1 + random.bounded(20));
-                const double score =
-                    random.bounded(3) == 0 ? -1.0 : possible * random.bounded(130) / 100.0;
-                type.items.push_back({score, possible, double(1 + random.bounded(3))});
+    void risesWithThePercentWithoutDrops()
+    {
+        // Without drops every sum grows with the percent, extra credit included:
+        // the grade never falls as the percent rises, under every weighting.
+        QRandomGenerator random(16);
+        for (int round = 0; round < 60; ++round) {
+            const quint32 weighting = quint32(round % 3);
+            Course course;
+            for (int t = 0; t < 2; ++t) {
+                Type type{double(random.bounded(50)), 0, {}};
+                for (int i = 0; i < 4; ++i) {
+                    const double possible = double(1 + random.bounded(20));
+                    const double score =
+                        random.bounded(3) == 0 ? -1.0 : possible * random.bounded(130) / 100.0;
+                    type.items.push_back({score, possible, double(1 + random.bounded(3))});
+                }
+                course.push_back(type);
             }
-            course.push_back(type);
-        }
-        CGradePlanner planner(MakeCourse(weighting, course, {90, 80}));
-        QVERIFY(!planner.MayFallAsPercentRises());
-        double previous = planner.FractionAtStep(0);
-        for (int step = 1; step <= CGradePlanner::Steps; ++step) {
-            const double fraction = planner.FractionAtStep(step);
-            QVERIFY(fraction >= previous);
-            previous = fraction;
+            CGradePlanner planner(MakeCourse(weighting, course, {90, 80}));
+            QVERIFY(!planner.MayFallAsPercentRises());
+            double previous = planner.FractionAtStep(0);
+            for (int step = 1; step <= CGradePlanner::Steps; ++step) {
+                const double fraction = planner.FractionAtStep(step);
+                QVERIFY(fraction >= previous);
+                previous = fraction;
+            }
         }
     }
-}
+    void dropsCanMakeTheGradeFall()
+    {
+        // Two drops: at 41 % one pair of scores goes, at 42 % another, and the
+        // type's average falls although every remaining score rose.
+        const Course course{{0, 2, {{1.0, 3}, {-1, 50}, {1.6, 3}, {1.3, 3}, {-1, 100}}}};
+        const quint32 courseId = MakeCourse(0, course, {43, 42.9, 40});
+        QVERIFY(RealFraction(courseId, 42.0) < RealFraction(courseId, 41.0));
 
-void TestGradePlanner::dropsCanMakeTheGradeFall()
-{
-    // Two drops: at 41 % one pair of scores goes, at 42 % another, and the
-    // type's average falls although every remaining score rose.
-    const Course course{{0, 2, {{1.0, 3}, {-1, 50}, {1.6, 3}, {1.3, 3}, {-1, 100}}}};
-    const quint32 courseId = MakeCourse(0, course, {43, 42.9, 40});
-    QVERIFY(RealFraction(courseId, 42.0) < RealFraction(courseId, 41.0));
-
-    CGradePlanner planner(courseId);
-    QVERIFY(planner.MayFallAsPercentRises());
-    for (const CGradePlanner::Need& need : planner.Needs()) {
-        CheckNeed(courseId, need);
-        if (need.status != CGradePlanner::Need::Reachable)
-            continue;
-        for (int step = int(std::lround(need.percent * 100)); step <= CGradePlanner::Steps; ++step)
-            QVERIFY(planner.GradeOf(planner.FractionAtStep(step)) <= need.grade);
+        QVERIFY(CGradePlanner(courseId).MayFallAsPercentRises());
+        CheckPlanner(courseId, 1);
     }
-}
-
-void TestGradePlanner::predictionScoresStand()
-{
-    // A score tried in prediction mode counts as graded; only the rest gets
-    // the uniform percent.
-    const quint32 courseId = MakeCourse(0, {{0, 0, {{-1, 50}, {-1, 50}}}}, {90, 80});
-    CourseFacts facts = LoadCourseFacts(courseId);
-    CPredictionStore& store = CPredictionStore::Instance();
-    store.SetActive(true);
-    store.SetOverride(facts.types[0].coursework[0].id, {50.0, 50.0, EffectiveScore::Overridden});
-
-    CGradePlanner planner(courseId);
-    QCOMPARE(int(planner.AssumedCoursework().size()), 1);
-    const CGradePlanner::Need b = planner.NeedFor(1);
-    QCOMPARE(int(b.status), int(CGradePlanner::Need::Reachable));
-    QCOMPARE(b.percent, 60.0);
-    QCOMPARE(planner.FractionAtStep(6000), 0.8);
-    // Nothing reached the records or the store's own scores to give.
-    QVERIFY(!store.ScoreToGive(facts.types[0].id));
-    QCOMPARE(LoadCourseFacts(courseId).types[0].coursework[0].score, -1.0);
-}
-
-void TestGradePlanner::bestAndWorstCase()
-{
-    const quint32 courseId = MakeCourse(0, {{0, 0, {{30, 40}, {-1, 60}}}}, {90});
-    CGradePlanner planner(courseId);
-    QCOMPARE(planner.BestCase(), RealFraction(courseId, 100.0));
-    QCOMPARE(planner.WorstCase(), RealFraction(courseId, 0.0));
-    QVERIFY(planner.WorstCase() < planner.BestCase());
-}
-
-void TestGradePlanner::targetGpa()
-{
-    // Default scale: grade points fall with the grade number.
-    MakeCourse(0, {{0, 0, {{45, 50}, {-1, 50}}}}, {90, 80, 70, 60}, 3.0);
-    MakeCourse(1, {{50, 0, {{20, 40}}}, {50, 0, {{-1, 100}}}}, {90, 80, 70, 60}, 4.0);
-    CAppStateTable::Instance().SetShowGPAWithHours(1);
-
-    auto realGpa = [](double percent) {
+    void predictionScoresStand()
+    {
+        // A score tried in prediction mode counts as graded; only the rest gets
+        // the uniform percent.
+        const quint32 courseId = MakeCourse(0, {{0, 0, {{-1, 50}, {-1, 50}}}}, {90, 80});
+        CourseFacts facts = LoadCourseFacts(courseId);
         CPredictionStore& store = CPredictionStore::Instance();
         store.SetActive(true);
-        for (quint32 courseId : GetSemesterCourses(0)) {
-            CourseTypeList types;
-            LoadCourseTypes(courseId, types);
-            for (const auto& type : types)
-                store.SetScoreToGive(type.first, percent * 0.01);
-            RecomputeCourseGrade(courseId);
-        }
-        const double gpa = GetSemesterGPA(true, false);
-        store.SetActive(false);
-        return gpa;
-    };
+        store.SetOverride(facts.types[0].coursework[0].id,
+                          {50.0, 50.0, EffectiveScore::Overridden});
 
-    CGpaPlanner planner(0, true);
-    const double best = planner.GpaAtStep(CGradePlanner::Steps);
-    QCOMPARE(best, realGpa(100.0));
-    const double target = (best + planner.GpaAtStep(0)) / 2;
-    const CGpaPlanner::Answer answer = planner.For(target);
-    QCOMPARE(int(answer.status), int(CGpaPlanner::Answer::Reachable));
-    QVERIFY(realGpa(answer.percent) >= target);
-    QVERIFY(realGpa(PercentOfStep(int(std::lround(answer.percent * 100)) - 1)) < target);
-    QCOMPARE(int(answer.courses.size()), 2);
-
-    QCOMPARE(int(planner.For(best + 0.01).status), int(CGpaPlanner::Answer::NotReachable));
-    QCOMPARE(int(planner.For(0.0).status), int(CGpaPlanner::Answer::Secured));
-}
-
-void TestGradePlanner::policyChecks_data()
-{
-    QTest::addColumn<quint32>("weighting");
-    QTest::addColumn<Course>("course");
-    QTest::addColumn<Minimums>("minimums");
-    QTest::addColumn<QList<int>>("kinds");
-
-    const Minimums falling{90, 80};
-    const Item graded{8, 10, 1};
-    QTest::newRow("clean by type")
-        << 1u << Course{{40, 0, {graded}}, {60, 0, {graded}}} << falling << QList<int>{};
-    QTest::newRow("by type not 100")
-        << 1u << Course{{40, 0, {graded}}, {50, 0, {graded}}, {20, 0, {{-1, 10}}}} << falling
-        << QList<int>{PolicyWarning::WeightsNotHundred};
-    QTest::newRow("by type all zero")
-        << 1u << Course{{0, 0, {graded}}} << falling
-        << QList<int>{PolicyWarning::TypeWeightZero, PolicyWarning::WeightsAllZero};
-    QTest::newRow("type without coursework")
-        << 0u << Course{{0, 0, {graded}}, {0, 0, {}}} << falling
-        << QList<int>{PolicyWarning::TypeWithoutCoursework};
-    QTest::newRow("per item zero weights") << 2u << Course{{0, 0, {graded, {-1, 10, 0}}}} << falling
-                                           << QList<int>{PolicyWarning::ItemWeightsZero};
-    QTest::newRow("per item 0/0") << 2u << Course{{0, 0, {{8, 10, 0}, {-1, 10, 0}}}} << falling
-                                  << QList<int>{PolicyWarning::ItemWeightsAllZeroGraded};
-    QTest::newRow("per item drops") << 2u << Course{{0, 1, {graded, graded}}} << falling
-                                    << QList<int>{PolicyWarning::DropsUnderPerItem};
-    QTest::newRow("drops not below graded")
-        << 0u << Course{{0, 2, {graded, graded, {-1, 10}}}} << falling
-        << QList<int>{PolicyWarning::DropsNotBelowGraded};
-    QTest::newRow("drops below graded")
-        << 0u << Course{{0, 1, {graded, graded}}} << falling << QList<int>{};
-    QTest::newRow("minimums equal") << 0u << Course{{0, 0, {graded}}} << Minimums{90, 90, 70}
-                                    << QList<int>{PolicyWarning::MinimumNotFalling};
-}
-
-void TestGradePlanner::policyChecks()
-{
-    QFETCH(quint32, weighting);
-    QFETCH(Course, course);
-    QFETCH(Minimums, minimums);
-    QFETCH(QList<int>, kinds);
-
-    const quint32 courseId = MakeCourse(weighting, course, minimums);
-    QList<int> found;
-    for (const PolicyWarning& warning : CheckCoursePolicy(courseId)) {
-        found << warning.kind;
-        QVERIFY(!warning.Text().isEmpty());
+        CGradePlanner planner(courseId);
+        QCOMPARE(int(planner.AssumedCoursework().size()), 1);
+        const CGradePlanner::Need b = planner.NeedFor(1);
+        QCOMPARE(int(b.status), int(CGradePlanner::Need::Reachable));
+        QCOMPARE(b.percent, 60.0);
+        QCOMPARE(planner.FractionAtStep(6000), 0.8);
+        // Nothing reached the records or the store's own scores to give.
+        QVERIFY(!store.ScoreToGive(facts.types[0].id));
+        QCOMPARE(LoadCourseFacts(courseId).types[0].coursework[0].score, -1.0);
     }
-    std::sort(found.begin(), found.end());
-    std::sort(kinds.begin(), kinds.end());
-    QCOMPARE(found, kinds);
-}
+    void targetGpa()
+    {
+        // Default scale: grade points fall with the grade number.
+        MakeCourse(0, {{0, 0, {{45, 50}, {-1, 50}}}}, abcd, 3.0);
+        MakeCourse(1, {{50, 0, {{20, 40}}}, {50, 0, {{-1, 100}}}}, abcd, 4.0);
+        CAppStateTable::Instance().SetShowGPAWithHours(1);
 
-void TestGradePlanner::breakdownShowsDropsAndShares()
-{
-    const quint32 courseId = MakeCourse(
-        1, {{40, 1, {{8, 10}, {5, 10}, {-1, 10}}}, {60, 0, {{-1, 10}}}, {60, 0, {{7, 10}}}}, {90});
-    RecomputeCourseGrade(courseId);
-    const GradeBreakdown breakdown = ExplainCourseGrade(courseId);
-    QCOMPARE(breakdown.fraction, GetCourseGrade(courseId));
-    QCOMPARE(int(breakdown.types.size()), 3);
-    const auto& first = breakdown.types[0].items;
-    QCOMPARE(int(first[0].state), int(GradeBreakdown::Item::Counted));
-    QCOMPARE(int(first[1].state), int(GradeBreakdown::Item::Dropped));
-    QCOMPARE(int(first[2].state), int(GradeBreakdown::Item::NotGraded));
-    QVERIFY(!breakdown.types[1].considered);
-    double sum = 0.0;
-    for (const auto& type : breakdown.types)
-        sum += type.contribution;
-    QVERIFY(std::fabs(sum - breakdown.fraction) < 1e-12);
-}
+        auto realGpa = [](double percent) {
+            CPredictionStore& store = CPredictionStore::Instance();
+            store.SetActive(true);
+            for (quint32 courseId : GetSemesterCourses(0)) {
+                CourseTypeList types;
+                LoadCourseTypes(courseId, types);
+                for (const auto& type : types)
+                    store.SetScoreToGive(type.first, percent * 0.01);
+                RecomputeCourseGrade(courseId);
+            }
+            const double gpa = GetSemesterGPA(true, false);
+            store.SetActive(false);
+            return gpa;
+        };
+
+        CGpaPlanner planner(0, true);
+        const double best = planner.GpaAtStep(CGradePlanner::Steps);
+        QCOMPARE(best, realGpa(100.0));
+        const double target = (best + planner.GpaAtStep(0)) / 2;
+        const CGpaPlanner::Answer answer = planner.For(target);
+        QCOMPARE(int(answer.status), int(CGpaPlanner::Answer::Reachable));
+        QVERIFY(realGpa(answer.percent) >= target);
+        QVERIFY(realGpa(PercentOfStep(int(std::lround(answer.percent * 100)) - 1)) < target);
+        QCOMPARE(int(answer.courses.size()), 2);
+
+        QCOMPARE(int(planner.For(best + 0.01).status), int(CGpaPlanner::Answer::NotReachable));
+        QCOMPARE(int(planner.For(0.0).status), int(CGpaPlanner::Answer::Secured));
+    }
+    void policyChecks_data()
+    {
+        QTest::addColumn<quint32>("weighting");
+        QTest::addColumn<Course>("course");
+        QTest::addColumn<Minimums>("minimums");
+        QTest::addColumn<QList<int>>("kinds");
+
+        const Minimums falling{90, 80};
+        const Item graded{8, 10, 1};
+        QTest::newRow("clean by type")
+            << 1u << Course{{40, 0, {graded}}, {60, 0, {graded}}} << falling << QList<int>{};
+        QTest::newRow("by type not 100")
+            << 1u << Course{{40, 0, {graded}}, {50, 0, {graded}}, {20, 0, {{-1, 10}}}} << falling
+            << QList<int>{PolicyWarning::WeightsNotHundred};
+        QTest::newRow("per item zero weights")
+            << 2u << Course{{0, 0, {graded, {-1, 10, 0}}}} << falling
+            << QList<int>{PolicyWarning::ItemWeightsZero};
+        QTest::newRow("per item 0/0") << 2u << Course{{0, 0, {{8, 10, 0}, {-1, 10, 0}}}} << falling
+                                      << QList<int>{PolicyWarning::ItemWeightsAllZeroGraded};
+        QTest::newRow("per item drops") << 2u << Course{{0, 1, {graded, graded}}} << falling
+                                        << QList<int>{PolicyWarning::DropsUnderPerItem};
+        QTest::newRow("drops not below graded")
+            << 0u << Course{{0, 2, {graded, graded, {-1, 10}}}} << falling
+            << QList<int>{PolicyWarning::DropsNotBelowGraded};
+        QTest::newRow("minimums equal") << 0u << Course{{0, 0, {graded}}} << Minimums{90, 90, 70}
+                                        << QList<int>{PolicyWarning::MinimumNotFalling};
+    }
+    void policyChecks()
+    {
+        QFETCH(quint32, weighting);
+        QFETCH(Course, course);
+        QFETCH(Minimums, minimums);
+        QFETCH(QList<int>, kinds);
+
+        const quint32 courseId = MakeCourse(weighting, course, minimums);
+        QList<int> found;
+        for (const PolicyWarning& warning : CheckCoursePolicy(courseId)) {
+            found << warning.kind;
+            QVERIFY(!warning.Text().isEmpty());
+        }
+        std::sort(found.begin(), found.end());
+        std::sort(kinds.begin(), kinds.end());
+        QCOMPARE(found, kinds);
+    }
+    void breakdownShowsDropsAndShares()
+    {
+        const quint32 courseId = MakeCourse(
+            1, {{40, 1, {{8, 10}, {5, 10}, {-1, 10}}}, {60, 0, {{-1, 10}}}, {60, 0, {{7, 10}}}},
+            {90});
+        RecomputeCourseGrade(courseId);
+        const GradeBreakdown breakdown = ExplainCourseGrade(courseId);
+        QCOMPARE(breakdown.fraction, GetCourseGrade(courseId));
+        QCOMPARE(int(breakdown.types.size()), 3);
+        const auto& first = breakdown.types[0].items;
+        QCOMPARE(int(first[0].state), int(GradeBreakdown::Item::Counted));
+        QCOMPARE(int(first[1].state), int(GradeBreakdown::Item::Dropped));
+        QCOMPARE(int(first[2].state), int(GradeBreakdown::Item::NotGraded));
+        QVERIFY(!breakdown.types[1].considered);
+        double sum = 0.0;
+        for (const auto& type : breakdown.types)
+            sum += type.contribution;
+        QVERIFY(std::fabs(sum - breakdown.fraction) < 1e-12);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestGradePlanner)
 #include "tst_gradeplanner.moc"

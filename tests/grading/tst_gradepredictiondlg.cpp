@@ -1,8 +1,9 @@
+// The grade prediction options: scores to give per type, kept per course
+// until OK, refused out of range, and never a recompute.
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"
 #include "grading/PredictionStore.h"
 #include "grading/dialogs/GradePredictionDlg.h"
-#include "res/strings/ReportStrings.h"
 #include "store/BrindleData.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
@@ -15,8 +16,9 @@
 
 #include <memory>
 
-namespace {
+using namespace Qt::StringLiterals;
 
+namespace {
 CPredictionStore& Store()
 {
     return CPredictionStore::Instance();
@@ -38,7 +40,7 @@ struct ScoreEditorAnswer
     {
         DialogRunner::SetHook([this, text](QDialog& editor) {
             ++opened;
-            auto* field = editor.findChild<CNumericEdit*>(QStringLiteral("scoreToGiveEdit"));
+            auto* field = editor.findChild<CNumericEdit*>(u"scoreToGiveEdit"_s);
             if (!field)
                 return int(QDialog::Rejected);
             shownText = field->text();
@@ -59,241 +61,138 @@ class TestGradePredictionDlg : public QObject
 {
     Q_OBJECT
 
+    std::unique_ptr<TestDatabase> m_db;
+
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
-    void init() { Store().SetActive(true); }
-    void cleanup() { Store().SetActive(false); }
-
-    void opensWithTypesInOrderAndStoredPercents();
-    void noCourses();
-    void clearPercentThenOkRemovesScoreToGive();
-    void switchingCoursesKeepsValues();
-    void okReplacesEveryScoreToGive();
-    void okRecomputesNothing();
-    void cancelKeepsTheStore();
-    void contextMenuOffersClearOnlyWithPercent_data();
-    void contextMenuOffersClearOnlyWithPercent();
-    void editPercent_data();
-    void editPercent();
-};
-
-void TestGradePredictionDlg::opensWithTypesInOrderAndStoredPercents()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"));
-    const quint32 homework = Records::CwType(course, QStringLiteral("Homework"), 0.0, 0, 1);
-    const quint32 exams = Records::CwType(course, QStringLiteral("Exams"), 0.0, 0, 0);
-    Store().SetScoreToGive(homework, 0.8567);
-    // A course of an archived semester is not offered.
-    Records::Course(QStringLiteral("Old Course"), Records::Semester(QStringLiteral("Fall")));
-
-    GradePredictionDlg dialog;
-    QCOMPARE(static_cast<int>(dialog.Courses().size()), 1);
-    const auto& types = dialog.Courses().front().types;
-    QCOMPARE(static_cast<int>(types.size()), 2);
-    QCOMPARE(types[0].cwTypeId, exams);
-    QCOMPARE(types[0].percent, GradePredictionDlg::NoPercent);
-    QCOMPARE(types[1].cwTypeId, homework);
-    QCOMPARE(types[1].percent, 85.67);
-
-    auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"));
-    QVERIFY(list);
-    QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Exams"));
-    QCOMPARE(list->topLevelItem(0)->text(1), QString());
-    QCOMPARE(list->topLevelItem(1)->text(0), QStringLiteral("Homework"));
-    QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("85.67%"));
-}
-
-void TestGradePredictionDlg::noCourses()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-
-    GradePredictionDlg dialog;
-    auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("courseCombo"));
-    QVERIFY(combo);
-    QCOMPARE(combo->currentText(), QStringLiteral("No Courses"));
-    QCOMPARE(dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"))->topLevelItemCount(), 0);
-    QVERIFY(!dialog.EditPercent(0));
-    dialog.accept();
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-}
-
-void TestGradePredictionDlg::clearPercentThenOkRemovesScoreToGive()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"));
-    const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-    const quint32 exams = Records::CwType(course, QStringLiteral("Exams"));
-    Store().SetScoreToGive(labs, 0.9);
-    Store().SetScoreToGive(exams, 0.7);
-
-    GradePredictionDlg dialog;
-    dialog.ClearPercent(0);
-    QCOMPARE(dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"))->topLevelItem(0)->text(1),
-             QString());
-    dialog.accept();
-
-    QVERIFY(!Store().ScoreToGive(labs).has_value());
-    QCOMPARE(Store().ScoreToGive(exams).value_or(-1.0), 0.7);
-}
-
-void TestGradePredictionDlg::switchingCoursesKeepsValues()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 physics = Records::Course(QStringLiteral("Physics"));
-    const quint32 labs = Records::CwType(physics, QStringLiteral("Labs"));
-    const quint32 chemistry = Records::Course(QStringLiteral("Chemistry"));
-    const quint32 quizzes = Records::CwType(chemistry, QStringLiteral("Quizzes"));
-
-    GradePredictionDlg dialog;
-    auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("courseCombo"));
-    auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("typeList"));
-    QCOMPARE(combo->count(), 2);
-    dialog.SetPercent(0, 70.0);
-    combo->setCurrentIndex(1); // as the user picks it
-    QCOMPARE(dialog.SelectedCourse(), 1);
-    QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Quizzes"));
-    QCOMPARE(list->topLevelItem(0)->text(1), QString());
-    dialog.SetPercent(0, 95.5);
-    combo->setCurrentIndex(0);
-    QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("70.00%"));
-    // Nothing reaches the store before OK.
-    QVERIFY(!Store().ScoreToGive(labs).has_value());
-
-    dialog.accept();
-    QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.7);
-    QCOMPARE(Store().ScoreToGive(quizzes).value_or(-1.0), 0.955);
-}
-
-void TestGradePredictionDlg::okReplacesEveryScoreToGive()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"));
-    const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-    // A score to give of a type the dialog does not list (an archived course).
-    const quint32 archived =
-        Records::Course(QStringLiteral("Old"), Records::Semester(QStringLiteral("Fall")));
-    const quint32 oldType = Records::CwType(archived, QStringLiteral("Old Labs"));
-    Store().SetScoreToGive(oldType, 0.5);
-    Store().SetScoreToGive(labs, 0.6);
-
-    GradePredictionDlg dialog;
-    dialog.accept();
-    QVERIFY(!Store().ScoreToGive(oldType).has_value());
-    QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.6);
-}
-
-void TestGradePredictionDlg::okRecomputesNothing()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"), WorkingSemesterID, 0.5);
-    Records::Policy(course, CGradingPolicyTable::WeightNone);
-    const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-    Records::Coursework(course, labs, QStringLiteral("Lab 1"), 5.0, 10.0);
-    Records::Coursework(course, labs, QStringLiteral("Lab 2"), -1.0, 10.0);
-
-    GradePredictionDlg dialog;
-    dialog.SetPercent(0, 100.0);
-    dialog.accept();
-    QVERIFY(!Store().PredictedGrade(course).has_value());
-    QCOMPARE(GetCourseGrade(course), 0.5);
-}
-
-void TestGradePredictionDlg::cancelKeepsTheStore()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"));
-    const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-    Store().SetScoreToGive(labs, 0.6);
-
-    GradePredictionDlg dialog;
-    dialog.ClearPercent(0);
-    dialog.reject();
-    QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.6);
-}
-
-void TestGradePredictionDlg::contextMenuOffersClearOnlyWithPercent_data()
-{
-    QTest::addColumn<double>("toGive");
-    QTest::addColumn<QStringList>("texts");
-
-    const QString edit = ReportStrings::EditPercent();
-    const QString clear = ReportStrings::ClearPercent();
-    QTest::newRow("no percent") << -1.0 << QStringList{edit};
-    QTest::newRow("a percent") << 0.8 << QStringList{edit, clear};
-    QTest::newRow("zero is a percent") << 0.0 << QStringList{edit, clear};
-}
-
-void TestGradePredictionDlg::contextMenuOffersClearOnlyWithPercent()
-{
-    QFETCH(double, toGive);
-    QFETCH(QStringList, texts);
-
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"));
-    const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-    if (toGive >= 0.0)
-        Store().SetScoreToGive(labs, toGive);
-
-    GradePredictionDlg dialog;
-    std::unique_ptr<QMenu> menu(dialog.MakeContextMenu(0, nullptr));
-    QVERIFY(menu);
-    QCOMPARE(MenuTexts(menu.get()), texts);
-    QVERIFY(!dialog.MakeContextMenu(1, nullptr)); // no such row
-
-    if (texts.size() > 1) {
-        menu->actions().at(1)->trigger();
-        QCOMPARE(dialog.Courses().front().types.front().percent, GradePredictionDlg::NoPercent);
+    void init()
+    {
+        m_db = std::make_unique<TestDatabase>();
+        QVERIFY(m_db->IsReady());
+        Store().SetActive(true);
     }
-}
+    void cleanup()
+    {
+        Store().SetActive(false);
+        m_db.reset();
+    }
 
-void TestGradePredictionDlg::editPercent_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("taken");
-    QTest::addColumn<double>("percent");
+    void opensWithTypesInOrderAndStoredPercents()
+    {
+        const quint32 course = Records::Course(u"Physics"_s);
+        const quint32 homework = Records::CwType(course, u"Homework"_s, 0.0, 0, 1);
+        Records::CwType(course, u"Exams"_s, 0.0, 0, 0);
+        Store().SetScoreToGive(homework, 0.8567);
+        // A course of an archived semester is not offered.
+        Records::Course(u"Old Course"_s, Records::Semester(u"Fall"_s));
 
-    QTest::newRow("in range") << QStringLiteral("72.5") << true << 72.5;
-    QTest::newRow("zero") << QStringLiteral("0") << true << 0.0;
-    QTest::newRow("hundred") << QStringLiteral("100") << true << 100.0;
-    QTest::newRow("above 100") << QStringLiteral("100.5") << false << 40.0;
-    QTest::newRow("negative") << QStringLiteral("-1") << false << 40.0;
-    QTest::newRow("empty") << QString() << false << 40.0;
-}
+        GradePredictionDlg dialog;
+        QCOMPARE(static_cast<int>(dialog.Courses().size()), 1);
+        auto* list = dialog.findChild<QTreeWidget*>(u"typeList"_s);
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QCOMPARE(list->topLevelItem(0)->text(0), u"Exams"_s);
+        QCOMPARE(list->topLevelItem(0)->text(1), QString());
+        QCOMPARE(list->topLevelItem(1)->text(0), u"Homework"_s);
+        QCOMPARE(list->topLevelItem(1)->text(1), u"85.67%"_s);
+    }
+    void switchingCoursesKeepsValues()
+    {
+        const quint32 physics = Records::Course(u"Physics"_s);
+        const quint32 labs = Records::CwType(physics, u"Labs"_s);
+        const quint32 chemistry = Records::Course(u"Chemistry"_s);
+        const quint32 quizzes = Records::CwType(chemistry, u"Quizzes"_s);
 
-void TestGradePredictionDlg::editPercent()
-{
-    QFETCH(QString, typed);
-    QFETCH(bool, taken);
-    QFETCH(double, percent);
+        GradePredictionDlg dialog;
+        auto* combo = dialog.findChild<QComboBox*>(u"courseCombo"_s);
+        auto* list = dialog.findChild<QTreeWidget*>(u"typeList"_s);
+        QCOMPARE(combo->count(), 2);
+        dialog.SetPercent(0, 70.0);
+        combo->setCurrentIndex(1); // as the user picks it
+        QCOMPARE(dialog.SelectedCourse(), 1);
+        QCOMPARE(list->topLevelItem(0)->text(0), u"Quizzes"_s);
+        QCOMPARE(list->topLevelItem(0)->text(1), QString());
+        dialog.SetPercent(0, 95.5);
+        combo->setCurrentIndex(0);
+        QCOMPARE(list->topLevelItem(0)->text(1), u"70.00%"_s);
+        // Nothing reaches the store before OK.
+        QVERIFY(!Store().ScoreToGive(labs).has_value());
 
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = Records::Course(QStringLiteral("Physics"));
-    const quint32 labs = Records::CwType(course, QStringLiteral("Labs"));
-    Store().SetScoreToGive(labs, 0.4);
+        dialog.accept();
+        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.7);
+        QCOMPARE(Store().ScoreToGive(quizzes).value_or(-1.0), 0.955);
+    }
+    void okReplacesScoresToGiveCancelKeepsThem()
+    {
+        const quint32 course = Records::Course(u"Physics"_s, WorkingSemesterID, 0.5);
+        Records::Policy(course, CGradingPolicyTable::WeightNone);
+        const quint32 labs = Records::CwType(course, u"Labs"_s);
+        const quint32 exams = Records::CwType(course, u"Exams"_s);
+        Records::Coursework(course, labs, u"Lab 1"_s, 5.0, 10.0);
+        Records::Coursework(course, labs, u"Lab 2"_s, -1.0, 10.0);
+        // A score to give of a type the dialog does not list (an archived course).
+        const quint32 oldType =
+            Records::CwType(Records::Course(u"Old"_s, Records::Semester(u"Fall"_s)), u"Old Labs"_s);
+        Store().SetScoreToGive(oldType, 0.5);
+        Store().SetScoreToGive(labs, 0.9);
+        Store().SetScoreToGive(exams, 0.7);
+        {
+            GradePredictionDlg dialog;
+            dialog.ClearPercent(0);
+            dialog.reject();
+        }
+        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 0.9);
 
-    GradePredictionDlg dialog;
-    MessageAnswers answers;
-    ScoreEditorAnswer editor(typed);
-    // Through the menu, as the user gets there.
-    std::unique_ptr<QMenu> menu(dialog.MakeContextMenu(0, nullptr));
-    menu->actions().at(0)->trigger();
+        GradePredictionDlg dialog;
+        dialog.ClearPercent(1);
+        QCOMPARE(dialog.findChild<QTreeWidget*>(u"typeList"_s)->topLevelItem(1)->text(1),
+                 QString());
+        dialog.SetPercent(0, 100.0);
+        dialog.accept();
+        QCOMPARE(Store().ScoreToGive(labs).value_or(-1.0), 1.0);
+        QVERIFY(!Store().ScoreToGive(exams) && !Store().ScoreToGive(oldType));
+        // OK stores percents only: nothing is recomputed.
+        QVERIFY(!Store().PredictedGrade(course).has_value());
+        QCOMPARE(GetCourseGrade(course), 0.5);
+    }
 
-    QCOMPARE(editor.opened, 1);
-    QCOMPARE(editor.shownText, QStringLiteral("40"));
-    QCOMPARE(dialog.Courses().front().types.front().percent, percent);
-    QCOMPARE(answers.Texts(),
-             taken ? QStringList() : QStringList{ReportStrings::ScoreToGiveOutOfRange()});
-}
+    void editPercent_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("taken");
+        QTest::addColumn<double>("percent");
+
+        QTest::newRow("in range") << u"72.5"_s << true << 72.5;
+        QTest::newRow("hundred") << u"100"_s << true << 100.0;
+        QTest::newRow("above 100") << u"100.5"_s << false << 40.0;
+        QTest::newRow("empty") << QString() << false << 40.0;
+    }
+    void editPercent()
+    {
+        QFETCH(QString, typed);
+        QFETCH(bool, taken);
+        QFETCH(double, percent);
+
+        const quint32 course = Records::Course(u"Physics"_s);
+        const quint32 labs = Records::CwType(course, u"Labs"_s);
+        Store().SetScoreToGive(labs, 0.4);
+
+        GradePredictionDlg dialog;
+        MessageAnswers answers;
+        ScoreEditorAnswer editor(typed);
+        // Through the menu, as the user gets there.
+        std::unique_ptr<QMenu> menu(dialog.MakeContextMenu(0, nullptr));
+        QCOMPARE(MenuTexts(menu.get()), (QStringList{u"Edit Percent"_s, u"Clear Percent"_s}));
+        menu->actions().at(0)->trigger();
+
+        QCOMPARE(editor.opened, 1);
+        QCOMPARE(editor.shownText, u"40"_s);
+        QCOMPARE(dialog.Courses().front().types.front().percent, percent);
+        QCOMPARE(answers.Texts(),
+                 taken ? QStringList()
+                       : QStringList{QStringLiteral(
+                             "The score to give is a percent: enter a number from 0 to 100.")});
+    }
+};
 
 QTEST_MAIN(TestGradePredictionDlg)
 #include "tst_gradepredictiondlg.moc"

@@ -1,11 +1,10 @@
+// The institution dialog: choosing a predefined scale, saving with the same
+// or a new grade count (minimums kept or rebuilt), the grade limits and the
+// past GPA; Cancel and a failed write change nothing.
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"
-#include "grading/dialogs/GradePointDlg.h"
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgGpaPage.h"
-#include "grading/dialogs/InstitutionDlgScalePage.h"
-#include "res/strings/ControlStrings.h"
-#include "res/strings/ReportStrings.h"
 #include "store/BrindleData.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
@@ -14,15 +13,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QTreeWidget>
 #include <QtTest>
 
 #include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace {
-
 // Two predefined scales; the file is one line of comma-separated fields.
 const char ScalesFile[] = "2,Pass/Fail,2,P,1.0,F,0.0,Five Grades,5,A,4.0,B,3.0,C,2.0,D,1.0,E,-0.5";
 
@@ -33,8 +32,7 @@ QStringList StoredScale()
     CGradeScaleTable scale;
     scale.Open(0);
     for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1))
-        grades << QStringLiteral("%1:%2=%3")
-                      .arg(scale.GetGrade())
+        grades << u"%1:%2=%3"_s.arg(scale.GetGrade())
                       .arg(scale.GetGradeName())
                       .arg(scale.GetGradePoints());
     return grades;
@@ -44,7 +42,7 @@ QStringList Entries(const std::vector<GradeScaleEntry>& grades)
 {
     QStringList list;
     for (const GradeScaleEntry& grade : grades)
-        list << QStringLiteral("%1=%2").arg(grade.name).arg(grade.points);
+        list << u"%1=%2"_s.arg(grade.name).arg(grade.points);
     return list;
 }
 
@@ -85,452 +83,246 @@ GpaInfo StoredGpaInfo()
     return info;
 }
 
-// Plays the user in the grade point sub-dialog; counts the dialogs it saw.
-struct GradePointAnswer
-{
-    GradePointAnswer(const QString& name, const QString& points)
-    {
-        DialogRunner::SetHook([this, name, points](QDialog& dialog) {
-            ++opened;
-            title = dialog.windowTitle();
-            auto* point = qobject_cast<GradePointDlg*>(&dialog);
-            if (!point)
-                return int(QDialog::Rejected);
-            shown = QStringLiteral("%1=%2").arg(point->NameField()->text(),
-                                                point->PointsField()->text());
-            point->NameField()->setText(name);
-            point->PointsField()->setText(points);
-            point->accept();
-            return point->result();
-        });
-    }
-    ~GradePointAnswer() { DialogRunner::SetHook({}); }
-
-    int opened = 0;
-    QString title;
-    QString shown;
-};
-
 } // namespace
 
 class TestInstitutionDlg : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-
-    void selectorOffersCurrentFileScalesAndCustom();
-    void missingScalesFileLeavesCurrentAndCustom();
-    void saveWithSameCountKeepsMinimums();
-    void saveWithNewCountRebuildsMinimums_data();
-    void saveWithNewCountRebuildsMinimums();
-    void scaleLimits_data();
-    void scaleLimits();
-    void newAndEditGradePoint();
-    void gradePointRefusals_data();
-    void gradePointRefusals();
-    void noSelectionEditsAndDeletesNothing();
-    void pastGpaShownOnlyWithPastHours_data();
-    void pastGpaShownOnlyWithPastHours();
-    void saveWritesGpaInfo();
-    void negativePastValuesRefused();
-    void cancelWritesNothing();
-    void failedWriteChangesNothing();
-
-private:
     QTemporaryDir m_installDir;
-};
+    std::unique_ptr<TestDatabase> m_db;
 
-void TestInstitutionDlg::initTestCase()
-{
-    QLocale::setDefault(QLocale::c());
-    QVERIFY(m_installDir.isValid());
-    QFile file(m_installDir.filePath(QStringLiteral("GradeScales.txt")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(ScalesFile);
-    file.close();
-    qputenv("BRINDLE_INSTALL_DIR", QFile::encodeName(m_installDir.path()));
-}
-
-void TestInstitutionDlg::selectorOffersCurrentFileScalesAndCustom()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-
-    InstitutionDlg dialog;
-    auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("scaleCombo"));
-    QVERIFY(combo);
-    QStringList items;
-    for (int i = 0; i < combo->count(); ++i)
-        items << combo->itemText(i);
-    QCOMPARE(items, (QStringList{QStringLiteral("Current"), QStringLiteral("Pass/Fail"),
-                                 QStringLiteral("Five Grades"), QStringLiteral("Custom")}));
-    QCOMPARE(combo->currentIndex(), 0);
-    QCOMPARE(Entries(dialog.Grades()), (QStringList{QStringLiteral("A=4"), QStringLiteral("B=3"),
-                                                    QStringLiteral("C=2"), QStringLiteral("D=1")}));
-
-    // Choosing as the user does copies the scale into the list.
-    combo->setCurrentIndex(2);
-    emit combo->activated(2);
-    QCOMPARE(dialog.Grades().size(), size_t(5));
-    QCOMPARE(dialog.Grades().back().points, 0.5); // "-0.5" as the file reader reads it
-    auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("gradeList"));
-    QCOMPARE(list->topLevelItemCount(), 5);
-    QCOMPARE(list->topLevelItem(4)->text(0), QStringLiteral("E"));
-    QCOMPARE(list->topLevelItem(4)->text(1), QStringLiteral("0.5"));
-
-    dialog.ChooseScale(3);
-    QVERIFY(dialog.Grades().empty());
-    dialog.ChooseScale(0);
-    QCOMPARE(dialog.Grades().size(), size_t(4));
-}
-
-void TestInstitutionDlg::missingScalesFileLeavesCurrentAndCustom()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    QTemporaryDir empty;
-    const QByteArray saved = qgetenv("BRINDLE_INSTALL_DIR");
-    qputenv("BRINDLE_INSTALL_DIR", QFile::encodeName(empty.path()));
-    InstitutionDlg dialog;
-    qputenv("BRINDLE_INSTALL_DIR", saved);
-    QCOMPARE(dialog.ScaleNames(),
-             (QStringList{QStringLiteral("Current"), QStringLiteral("Custom")}));
-}
-
-void TestInstitutionDlg::saveWithSameCountKeepsMinimums()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const QList<double> minimums{93.0, 85.0, 71.5, 65.0};
-    const quint32 course = CourseWithMinimums(QStringLiteral("Art"), minimums);
-
-    InstitutionDlg dialog;
-    dialog.DeleteGrade(3);
-    QVERIFY(dialog.AddGrade({QStringLiteral("F"), 0.0}));
-    dialog.DeleteGrade(0);
-    QVERIFY(dialog.AddGrade({QStringLiteral("A+"), 4.3}));
-    QVERIFY(dialog.Save());
-
-    // Updated in place, grade by grade.
-    QCOMPARE(StoredScale(), (QStringList{QStringLiteral("0:B=3"), QStringLiteral("1:C=2"),
-                                         QStringLiteral("2:F=0"), QStringLiteral("3:A+=4.3")}));
-    QCOMPARE(Minimums(course), minimums);
-}
-
-void TestInstitutionDlg::saveWithNewCountRebuildsMinimums_data()
-{
-    QTest::addColumn<QList<double>>("before");
-    QTest::addColumn<int>("grades");
-    QTest::addColumn<QList<double>>("after");
-
-    QTest::newRow("lowest 60, four grades")
-        << QList<double>{92, 84, 76, 68, 60} << 4 << QList<double>{90, 80, 70, 60};
-    QTest::newRow("lowest anywhere in the table")
-        << QList<double>{70, 90} << 3 << QList<double>{90, 80, 70};
-    QTest::newRow("truncated, not rounded")
-        << QList<double>{80, 55, 70} << 2 << QList<double>{77, 55};
-    QTest::newRow("no minimums before") << QList<double>{} << 2 << QList<double>{100, 100};
-}
-
-void TestInstitutionDlg::saveWithNewCountRebuildsMinimums()
-{
-    QFETCH(QList<double>, before);
-    QFETCH(int, grades);
-    QFETCH(QList<double>, after);
-
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    // Six stored grades, so that every row changes the count.
-    for (quint16 grade : {4, 5}) {
-        CGradeScaleTable scale;
-        scale.Open();
-        scale.NewRecord(0);
-        scale.SetGrade(grade);
-        scale.SetGradeName(QStringLiteral("E%1").arg(grade));
-        QVERIFY(scale.UpdateRecord());
+private slots:
+    void initTestCase()
+    {
+        QLocale::setDefault(QLocale::c());
+        QVERIFY(m_installDir.isValid());
+        QFile file(m_installDir.filePath(u"GradeScales.txt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(ScalesFile);
+        file.close();
+        qputenv("BRINDLE_INSTALL_DIR", QFile::encodeName(m_installDir.path()));
     }
-    // Every course of every semester is rebuilt, archived ones too.
-    const quint32 working = CourseWithMinimums(QStringLiteral("Art"), before);
-    const quint32 archived = CourseWithMinimums(QStringLiteral("Music"), before,
-                                                Records::Semester(QStringLiteral("Spring")));
+    void init()
+    {
+        m_db = std::make_unique<TestDatabase>();
+        QVERIFY(m_db->IsReady());
+    }
+    void cleanup() { m_db.reset(); }
 
-    InstitutionDlg dialog;
-    dialog.ChooseScale(dialog.ScaleNames().size() - 1);
-    for (int i = 0; i < grades; ++i)
-        QVERIFY(dialog.AddGrade({QStringLiteral("G%1").arg(i), double(grades - i)}));
-    QVERIFY(dialog.Save());
+    void selectorOffersCurrentFileScalesAndCustom()
+    {
+        InstitutionDlg dialog;
+        auto* combo = dialog.findChild<QComboBox*>(u"scaleCombo"_s);
+        QVERIFY(combo);
+        QStringList items;
+        for (int i = 0; i < combo->count(); ++i)
+            items << combo->itemText(i);
+        QCOMPARE(items, (QStringList{u"Current"_s, u"Pass/Fail"_s, u"Five Grades"_s, u"Custom"_s}));
+        QCOMPARE(combo->currentIndex(), 0);
+        QCOMPARE(Entries(dialog.Grades()), (QStringList{u"A=4"_s, u"B=3"_s, u"C=2"_s, u"D=1"_s}));
 
-    QStringList expected;
-    for (int i = 0; i < grades; ++i)
-        expected << QStringLiteral("%1:G%1=%2").arg(i).arg(grades - i);
-    QCOMPARE(StoredScale(), expected);
-    QCOMPARE(Minimums(working), after);
-    QCOMPARE(Minimums(archived), after);
-}
+        // Choosing as the user does copies the scale into the list.
+        combo->setCurrentIndex(2);
+        emit combo->activated(2);
+        QCOMPARE(dialog.Grades().size(), size_t(5));
+        QCOMPARE(dialog.Grades().back().points, 0.5); // "-0.5" as the file reader reads it
 
-void TestInstitutionDlg::scaleLimits_data()
-{
-    QTest::addColumn<int>("grades");
-    QTest::addColumn<bool>("saved");
+        dialog.ChooseScale(3);
+        QVERIFY(dialog.Grades().empty());
+    }
+    void missingScalesFileLeavesCurrentAndCustom()
+    {
+        QTemporaryDir empty;
+        const QByteArray saved = qgetenv("BRINDLE_INSTALL_DIR");
+        qputenv("BRINDLE_INSTALL_DIR", QFile::encodeName(empty.path()));
+        InstitutionDlg dialog;
+        qputenv("BRINDLE_INSTALL_DIR", saved);
+        QCOMPARE(dialog.ScaleNames(), (QStringList{u"Current"_s, u"Custom"_s}));
+    }
+    void saveWithSameCountKeepsMinimums()
+    {
+        const QList<double> minimums{93.0, 85.0, 71.5, 65.0};
+        const quint32 course = CourseWithMinimums(u"Art"_s, minimums);
 
-    QTest::newRow("empty") << 0 << false;
-    QTest::newRow("one") << 1 << true;
-    QTest::newRow("twelve") << 12 << true;
-}
+        InstitutionDlg dialog;
+        dialog.DeleteGrade(3);
+        QVERIFY(dialog.AddGrade({u"F"_s, 0.0}));
+        dialog.DeleteGrade(0);
+        QVERIFY(dialog.AddGrade({u"A+"_s, 4.3}));
+        QVERIFY(dialog.Save());
 
-void TestInstitutionDlg::scaleLimits()
-{
-    QFETCH(int, grades);
-    QFETCH(bool, saved);
+        // Updated in place, grade by grade.
+        QCOMPARE(StoredScale(), (QStringList{u"0:B=3"_s, u"1:C=2"_s, u"2:F=0"_s, u"3:A+=4.3"_s}));
+        QCOMPARE(Minimums(course), minimums);
+    }
+    void saveWithNewCountRebuildsMinimums_data()
+    {
+        QTest::addColumn<QList<double>>("before");
+        QTest::addColumn<int>("grades");
+        QTest::addColumn<QList<double>>("after");
 
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const QStringList before = StoredScale();
+        QTest::newRow("lowest 60, four grades")
+            << QList<double>{92, 84, 76, 68, 60} << 4 << QList<double>{90, 80, 70, 60};
+        QTest::newRow("lowest anywhere in the table")
+            << QList<double>{70, 90} << 3 << QList<double>{90, 80, 70};
+        QTest::newRow("truncated, not rounded")
+            << QList<double>{80, 55, 70} << 2 << QList<double>{77, 55};
+        QTest::newRow("no minimums before") << QList<double>{} << 2 << QList<double>{100, 100};
+    }
+    void saveWithNewCountRebuildsMinimums()
+    {
+        QFETCH(QList<double>, before);
+        QFETCH(int, grades);
+        QFETCH(QList<double>, after);
 
-    InstitutionDlg dialog;
-    dialog.ChooseScale(dialog.ScaleNames().size() - 1);
-    for (int i = 0; i < grades; ++i)
-        QVERIFY(dialog.AddGrade({QStringLiteral("G%1").arg(i), 1.0}));
+        // Six stored grades, so that every row changes the count.
+        for (quint16 grade : {4, 5}) {
+            CGradeScaleTable scale;
+            scale.Open();
+            scale.NewRecord(0);
+            scale.SetGrade(grade);
+            scale.SetGradeName(u"E%1"_s.arg(grade));
+            QVERIFY(scale.UpdateRecord());
+        }
+        // Every course of every semester is rebuilt, archived ones too.
+        const quint32 working = CourseWithMinimums(u"Art"_s, before);
+        const quint32 archived =
+            CourseWithMinimums(u"Music"_s, before, Records::Semester(u"Spring"_s));
 
-    MessageAnswers answers;
-    if (grades == InstitutionDlg::MaxGrades) {
-        // A thirteenth grade is refused, by hand or through the sub-dialog.
-        QVERIFY(!dialog.AddGrade({QStringLiteral("One too many"), 0.0}));
-        GradePointAnswer editor(QStringLiteral("X"), QStringLiteral("1"));
-        QVERIFY(!dialog.NewGrade());
-        QCOMPARE(editor.opened, 0);
+        InstitutionDlg dialog;
+        dialog.ChooseScale(dialog.ScaleNames().size() - 1);
+        for (int i = 0; i < grades; ++i)
+            QVERIFY(dialog.AddGrade({u"G%1"_s.arg(i), double(grades - i)}));
+        QVERIFY(dialog.Save());
+
+        QStringList expected;
+        for (int i = 0; i < grades; ++i)
+            expected << u"%1:G%1=%2"_s.arg(i).arg(grades - i);
+        QCOMPARE(StoredScale(), expected);
+        QCOMPARE(Minimums(working), after);
+        QCOMPARE(Minimums(archived), after);
+    }
+    void scaleLimits_data()
+    {
+        QTest::addColumn<int>("grades");
+        QTest::addColumn<bool>("saved");
+
+        QTest::newRow("empty") << 0 << false;
+        QTest::newRow("twelve") << 12 << true;
+    }
+    void scaleLimits()
+    {
+        QFETCH(int, grades);
+        QFETCH(bool, saved);
+
+        const QStringList before = StoredScale();
+
+        InstitutionDlg dialog;
+        dialog.ChooseScale(dialog.ScaleNames().size() - 1);
+        for (int i = 0; i < grades; ++i)
+            QVERIFY(dialog.AddGrade({u"G%1"_s.arg(i), 1.0}));
+
+        MessageAnswers answers;
+        if (grades == InstitutionDlg::MaxGrades) {
+            // A thirteenth grade is refused, by hand or through the sub-dialog.
+            QVERIFY(!dialog.AddGrade({u"One too many"_s, 0.0}));
+            int opened = 0;
+            DialogRunner::SetHook([&opened](QDialog&) { return ++opened, int(QDialog::Rejected); });
+            QVERIFY(!dialog.NewGrade());
+            DialogRunner::SetHook({});
+            QCOMPARE(opened, 0);
+            QCOMPARE(
+                answers.Texts(),
+                QStringList(2, QStringLiteral("A grade scale holds at most 12 grades. Delete a "
+                                              "grade before adding another.")));
+            QCOMPARE(static_cast<int>(dialog.Grades().size()), grades);
+        }
+
+        dialog.accept();
+        QCOMPARE(dialog.result(), saved ? int(QDialog::Accepted) : int(QDialog::Rejected));
+        if (saved) {
+            QCOMPARE(StoredScale().size(), grades);
+        } else {
+            QCOMPARE(answers.Texts(), QStringList{QStringLiteral(
+                                          "The grade scale needs at least one grade. Add a grade "
+                                          "or choose a scale from the list.")});
+            QCOMPARE(StoredScale(), before);
+        }
+    }
+    void saveWritesGpaInfo()
+    {
+        {
+            CGPAInfoTable gpa;
+            QVERIFY(gpa.Open() && gpa.MoveFirst(1));
+            gpa.SetTotalPastHours(12.0);
+            gpa.SetTotalPastPoints(36.0);
+            QVERIFY(gpa.UpdateRecord());
+        }
+
+        InstitutionDlg dialog;
+        InstitutionDlgGpaPage* page = dialog.GpaPage();
+        QCOMPARE(page->HoursField()->Value(), 12.0);
+        QCOMPARE(page->PointsField()->Value(), 36.0);
+        QVERIFY(page->IsPastGpaShown());
+        QVERIFY(!page->ShowWithHoursBox()->isChecked());
+
+        page->ShowWithHoursBox()->setChecked(true);
+        // Typed key by key: the field takes digits and the decimal point.
+        page->HoursField()->clear();
+        QTest::keyClicks(page->HoursField(), u"4x5.5"_s);
+        QCOMPARE(page->HoursField()->text(), u"45.5"_s);
+        page->PointsField()->clear(); // an empty field is no past points
+        dialog.accept();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+
+        const GpaInfo info = StoredGpaInfo();
+        QCOMPARE(info.hours, 45.5);
+        QCOMPARE(info.points, 0.0);
+        QCOMPARE(info.weighted, 1);
+        QCOMPARE(CAppStateTable::Instance().GetShowGPAWithHours(), 1);
+        // The long-lived state object does not write its old flag back.
+        QVERIFY(CAppStateTable::Instance().UpdateRecord());
+        QCOMPARE(StoredGpaInfo().weighted, 1);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(CAppStateTable::Instance().GetShowGPAWithHours(), 1);
+    }
+    void negativePastValuesRefused()
+    {
+        InstitutionDlg dialog;
+        dialog.GpaPage()->PointsField()->setText(u"-4"_s);
+        dialog.ChooseScale(1); // a scale change that must not land either
+        MessageAnswers answers;
+        QVERIFY(!dialog.Save());
+        QCOMPARE(answers.Texts(), QStringList{u"Past hours and past points cannot be negative."_s});
+        QCOMPARE(StoredScale().size(), 4);
+        QCOMPARE(StoredGpaInfo().points, 0.0);
+    }
+    void failedWriteChangesNothing()
+    {
+        const quint32 course = CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
+        const QStringList before = StoredScale();
+        // The minimum-percent rebuild fails half way, after the scale was rewritten.
+        QVERIFY(CDataTable::GetMount()->Execute(
+            "CREATE TRIGGER RefuseMinimums BEFORE INSERT ON GradingPolicyGrade "
+            "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+
+        InstitutionDlg dialog;
+        dialog.ChooseScale(1); // two grades instead of four
+        dialog.GpaPage()->HoursField()->setText(u"10"_s);
+        MessageAnswers answers;
+        dialog.accept();
+
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        // SQLite's reason is the trigger's own message.
         QCOMPARE(answers.Texts(),
-                 QStringList(2, ReportStrings::TooManyGrades(InstitutionDlg::MaxGrades)));
-        QCOMPARE(static_cast<int>(dialog.Grades().size()), grades);
-    }
-
-    dialog.accept();
-    QCOMPARE(dialog.result(), saved ? int(QDialog::Accepted) : int(QDialog::Rejected));
-    if (saved) {
-        QCOMPARE(StoredScale().size(), grades);
-    } else {
-        QCOMPARE(answers.Texts(), QStringList{ReportStrings::NoGrades()});
+                 QStringList{QStringLiteral(
+                     "The change could not be saved (refused). Nothing was changed.")});
         QCOMPARE(StoredScale(), before);
+        QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
+        QCOMPARE(StoredGpaInfo().hours, 0.0);
     }
-}
-
-void TestInstitutionDlg::newAndEditGradePoint()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    InstitutionDlg dialog;
-    {
-        GradePointAnswer editor(QStringLiteral("  F "), QStringLiteral("0"));
-        QVERIFY(dialog.NewGrade());
-        QCOMPARE(editor.title, QStringLiteral("New Grade Point"));
-        QCOMPARE(editor.shown, QStringLiteral("="));
-    }
-    {
-        GradePointAnswer editor(QStringLiteral("B+"), QStringLiteral("3.3"));
-        // The Edit button works on the selected row.
-        auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("gradeList"));
-        list->setCurrentItem(list->topLevelItem(1));
-        dialog.findChild<QPushButton*>(QStringLiteral("editGradeButton"))->click();
-        QCOMPARE(editor.opened, 1);
-        QCOMPARE(editor.title, QStringLiteral("Edit Grade Point"));
-        QCOMPARE(editor.shown, QStringLiteral("B=3"));
-    }
-    QCOMPARE(Entries(dialog.Grades()),
-             (QStringList{QStringLiteral("A=4"), QStringLiteral("B+=3.3"), QStringLiteral("C=2"),
-                          QStringLiteral("D=1"), QStringLiteral("F=0")}));
-}
-
-void TestInstitutionDlg::gradePointRefusals_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("points");
-    QTest::addColumn<QString>("message");
-
-    QTest::newRow("fine") << QStringLiteral("A") << QStringLiteral("4") << QString();
-    QTest::newRow("zero points") << QStringLiteral("F") << QStringLiteral("0") << QString();
-    QTest::newRow("no name") << QStringLiteral(" ") << QStringLiteral("4")
-                             << ReportStrings::GradeNameEmpty();
-    QTest::newRow("negative") << QStringLiteral("A") << QStringLiteral("-1")
-                              << ReportStrings::GradePointsNegative();
-    QTest::newRow("no points") << QStringLiteral("A") << QString()
-                               << ReportStrings::GradePointsNegative();
-}
-
-void TestInstitutionDlg::gradePointRefusals()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, points);
-    QFETCH(QString, message);
-
-    MessageAnswers answers;
-    GradePointDlg dialog(GradePointDlg::NewGradePoint);
-    dialog.NameField()->setText(name);
-    dialog.PointsField()->setText(points);
-    dialog.accept();
-    QCOMPARE(dialog.result(), message.isEmpty() ? int(QDialog::Accepted) : int(QDialog::Rejected));
-    QCOMPARE(answers.Texts(), message.isEmpty() ? QStringList() : QStringList{message});
-}
-
-void TestInstitutionDlg::noSelectionEditsAndDeletesNothing()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    InstitutionDlg dialog;
-    auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("gradeList"));
-    list->clearSelection();
-    QCOMPARE(dialog.ScalePage()->SelectedRow(), -1);
-
-    GradePointAnswer editor(QStringLiteral("Z"), QStringLiteral("9"));
-    dialog.findChild<QPushButton*>(QStringLiteral("editGradeButton"))->click();
-    dialog.findChild<QPushButton*>(QStringLiteral("deleteGradeButton"))->click();
-    QVERIFY(!dialog.EditGrade(-1));
-    dialog.DeleteGrade(-1);
-    QCOMPARE(editor.opened, 0);
-    QCOMPARE(dialog.Grades().size(), size_t(4));
-
-    // With a selection, Delete removes that grade.
-    list->setCurrentItem(list->topLevelItem(0));
-    dialog.findChild<QPushButton*>(QStringLiteral("deleteGradeButton"))->click();
-    QCOMPARE(Entries(dialog.Grades()),
-             (QStringList{QStringLiteral("B=3"), QStringLiteral("C=2"), QStringLiteral("D=1")}));
-}
-
-void TestInstitutionDlg::pastGpaShownOnlyWithPastHours_data()
-{
-    QTest::addColumn<QString>("hours");
-    QTest::addColumn<QString>("points");
-    QTest::addColumn<QString>("shown"); // empty: hidden
-
-    QTest::newRow("past hours") << QStringLiteral("30") << QStringLiteral("99")
-                                << QStringLiteral("3.30");
-    QTest::newRow("two decimals") << QStringLiteral("3") << QStringLiteral("10")
-                                  << QStringLiteral("3.33");
-    QTest::newRow("zero hours") << QStringLiteral("0") << QStringLiteral("12") << QString();
-    QTest::newRow("empty hours") << QString() << QStringLiteral("12") << QString();
-    QTest::newRow("negative hours") << QStringLiteral("-3") << QStringLiteral("12") << QString();
-}
-
-void TestInstitutionDlg::pastGpaShownOnlyWithPastHours()
-{
-    QFETCH(QString, hours);
-    QFETCH(QString, points);
-    QFETCH(QString, shown);
-
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    InstitutionDlg dialog;
-    InstitutionDlgGpaPage* page = dialog.GpaPage();
-    page->HoursField()->setText(hours);
-    page->PointsField()->setText(points);
-    QCOMPARE(page->IsPastGpaShown(), !shown.isEmpty());
-    if (!shown.isEmpty())
-        QCOMPARE(page->PastGpaText(), shown);
-}
-
-void TestInstitutionDlg::saveWritesGpaInfo()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    {
-        CGPAInfoTable gpa;
-        QVERIFY(gpa.Open() && gpa.MoveFirst(1));
-        gpa.SetTotalPastHours(12.0);
-        gpa.SetTotalPastPoints(36.0);
-        QVERIFY(gpa.UpdateRecord());
-    }
-
-    InstitutionDlg dialog;
-    InstitutionDlgGpaPage* page = dialog.GpaPage();
-    QCOMPARE(page->HoursField()->Value(), 12.0);
-    QCOMPARE(page->PointsField()->Value(), 36.0);
-    QVERIFY(page->IsPastGpaShown());
-    QVERIFY(!page->ShowWithHoursBox()->isChecked());
-
-    page->ShowWithHoursBox()->setChecked(true);
-    // Typed key by key: the field takes digits and the decimal point.
-    page->HoursField()->clear();
-    QTest::keyClicks(page->HoursField(), QStringLiteral("4x5.5"));
-    QCOMPARE(page->HoursField()->text(), QStringLiteral("45.5"));
-    page->PointsField()->clear(); // an empty field is no past points
-    dialog.accept();
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-
-    const GpaInfo info = StoredGpaInfo();
-    QCOMPARE(info.hours, 45.5);
-    QCOMPARE(info.points, 0.0);
-    QCOMPARE(info.weighted, 1);
-    QCOMPARE(CAppStateTable::Instance().GetShowGPAWithHours(), 1);
-    // The long-lived state object does not write its old flag back.
-    QVERIFY(CAppStateTable::Instance().UpdateRecord());
-    QCOMPARE(StoredGpaInfo().weighted, 1);
-    QVERIFY(db.Reopen());
-    QCOMPARE(CAppStateTable::Instance().GetShowGPAWithHours(), 1);
-
-    InstitutionDlg again;
-    QVERIFY(again.GpaPage()->ShowWithHoursBox()->isChecked());
-}
-
-void TestInstitutionDlg::negativePastValuesRefused()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    InstitutionDlg dialog;
-    dialog.GpaPage()->PointsField()->setText(QStringLiteral("-4"));
-    dialog.ChooseScale(1); // a scale change that must not land either
-    MessageAnswers answers;
-    QVERIFY(!dialog.Save());
-    QCOMPARE(answers.Texts(), QStringList{ReportStrings::PastValuesNegative()});
-    QCOMPARE(StoredScale().size(), 4);
-    QCOMPARE(StoredGpaInfo().points, 0.0);
-}
-
-void TestInstitutionDlg::cancelWritesNothing()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = CourseWithMinimums(QStringLiteral("Art"), {90, 80, 70, 60});
-    const QStringList before = StoredScale();
-
-    InstitutionDlg dialog;
-    dialog.ChooseScale(1);
-    dialog.GpaPage()->HoursField()->setText(QStringLiteral("10"));
-    dialog.GpaPage()->ShowWithHoursBox()->setChecked(true);
-    dialog.reject();
-
-    QCOMPARE(StoredScale(), before);
-    QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
-    const GpaInfo info = StoredGpaInfo();
-    QCOMPARE(info.hours, 0.0);
-    QCOMPARE(info.weighted, 0);
-}
-
-void TestInstitutionDlg::failedWriteChangesNothing()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 course = CourseWithMinimums(QStringLiteral("Art"), {90, 80, 70, 60});
-    const QStringList before = StoredScale();
-    // The minimum-percent rebuild fails half way, after the scale was rewritten.
-    QVERIFY(CDataTable::GetMount()->Execute(
-        "CREATE TRIGGER RefuseMinimums BEFORE INSERT ON GradingPolicyGrade "
-        "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
-
-    InstitutionDlg dialog;
-    dialog.ChooseScale(1); // two grades instead of four
-    dialog.GpaPage()->HoursField()->setText(QStringLiteral("10"));
-    MessageAnswers answers;
-    dialog.accept();
-
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    // SQLite's reason is the trigger's own message.
-    QCOMPARE(answers.Texts(),
-             QStringList{ControlStrings::ChangeNotSaved(QStringLiteral("refused"))});
-    QCOMPARE(StoredScale(), before);
-    QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
-    QCOMPARE(StoredGpaInfo().hours, 0.0);
-}
+};
 
 QTEST_MAIN(TestInstitutionDlg)
 #include "tst_institutiondlg.moc"
