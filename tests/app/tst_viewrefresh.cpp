@@ -47,6 +47,16 @@ void Trigger(CMainFrame& frame, const char* name)
     action->trigger();
 }
 
+// A main view showing the fixture's course.
+std::unique_ptr<CMainView> CourseView()
+{
+    auto view = std::make_unique<CMainView>();
+    view->RebuildTabs();
+    view->RebuildCourseSelector();
+    view->RefreshList();
+    return view;
+}
+
 QString GradeBar(CMainFrame& frame)
 {
     return frame.View()->GradeBar()->text();
@@ -62,10 +72,8 @@ private slots:
     void init();
     void cleanup();
 
-    void institutionRenamesTheGrade();
-    void addCourseworkShowsAtOnce_data();
-    void addCourseworkShowsAtOnce();
-    void predictionOptionsRecomputeGrades();
+    void commandRefreshesTheGrade_data();
+    void commandRefreshesTheGrade();
     void courseworkEditorSaysScoresAreNotSaved_data();
     void courseworkEditorSaysScoresAreNotSaved();
     void freshDatabaseListsDoneWork();
@@ -107,71 +115,66 @@ void TestViewRefresh::cleanup()
     m_db.reset();
 }
 
-void TestViewRefresh::institutionRenamesTheGrade()
+void TestViewRefresh::commandRefreshesTheGrade_data()
 {
-    CMainFrame frame;
-    QCOMPARE(GradeBar(frame), u"Grade: 85% B"_s);
-    DialogRunner::SetHook([](QDialog&) {
-        // What the dialog's OK does to a grade name, done directly.
-        CGradeScaleTable scale;
-        scale.Open();
-        for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1)) {
-            if (scale.GetGrade() == 1) {
-                scale.SetGradeName(u"Good"_s);
-                scale.UpdateRecord();
-            }
-        }
-        return int(QDialog::Accepted);
-    });
-    Trigger(frame, "actionInstitution");
-    QCOMPARE(GradeBar(frame), u"Grade: 85% Good"_s);
-}
-
-void TestViewRefresh::addCourseworkShowsAtOnce_data()
-{
+    QTest::addColumn<QByteArray>("action");
     QTest::addColumn<bool>("predicting");
-    QTest::newRow("prediction off") << false;
-    QTest::newRow("prediction on") << true;
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<int>("rowsAdded");
+
+    QTest::newRow("Institution renames the grade")
+        << QByteArray("actionInstitution") << false << u"Grade: 85% Good"_s << 0;
+    // 5 of 10, stored or predicted: below every minimum, so no grade name.
+    QTest::newRow("Add Coursework, prediction off")
+        << QByteArray("actionAddCoursework") << false << u"Grade: 50%"_s << 1;
+    QTest::newRow("Add Coursework, prediction on")
+        << QByteArray("actionAddCoursework") << true << u"Grade: 50%"_s << 1;
+    // Lab 1 counts as 9.5 of 10 in the list and in the grade alike.
+    QTest::newRow("prediction options")
+        << QByteArray("actionPredictionOptions") << true << u"Grade: 95% A"_s << 0;
 }
 
-void TestViewRefresh::addCourseworkShowsAtOnce()
+void TestViewRefresh::commandRefreshesTheGrade()
 {
+    QFETCH(QByteArray, action);
     QFETCH(bool, predicting);
+    QFETCH(QString, after);
+    QFETCH(int, rowsAdded);
     CPredictionStore::Instance().SetActive(predicting);
     CMainFrame frame;
+    QCOMPARE(GradeBar(frame), u"Grade: 85% B"_s);
     const int rowsBefore = frame.View()->ListModel()->rowCount();
     DialogRunner::SetHook([](QDialog& dialog) {
-        auto& coursework = static_cast<CourseworkDlg&>(dialog);
-        coursework.InfoPage()->NameEdit()->setText(u"Quiz"_s);
-        QTest::keyClicks(coursework.InfoPage()->ScoreEdit(), u"5"_s);
-        QTest::keyClicks(coursework.InfoPage()->OutOfEdit(), u"10"_s);
-        coursework.accept();
-        return coursework.result();
+        if (auto* coursework = qobject_cast<CourseworkDlg*>(&dialog)) {
+            coursework->InfoPage()->NameEdit()->setText(u"Quiz"_s);
+            QTest::keyClicks(coursework->InfoPage()->ScoreEdit(), u"5"_s);
+            QTest::keyClicks(coursework->InfoPage()->OutOfEdit(), u"10"_s);
+        } else if (auto* options = qobject_cast<GradePredictionDlg*>(&dialog)) {
+            options->SetPercent(0, 95.0);
+        } else {
+            // What the Institution dialog's OK does to a grade name, done directly.
+            CGradeScaleTable scale;
+            scale.Open();
+            for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1)) {
+                if (scale.GetGrade() == 1) {
+                    scale.SetGradeName(u"Good"_s);
+                    scale.UpdateRecord();
+                }
+            }
+            return int(QDialog::Accepted);
+        }
+        dialog.accept();
+        return dialog.result();
     });
-    Trigger(frame, "actionAddCoursework");
-    QCOMPARE(frame.View()->ListModel()->rowCount(), rowsBefore + 1);
-    // 5 of 10, stored or predicted: below every minimum, so no grade name.
-    QCOMPARE(GradeBar(frame), u"Grade: 50%"_s);
-}
-
-void TestViewRefresh::predictionOptionsRecomputeGrades()
-{
-    CPredictionStore::Instance().SetActive(true);
-    CMainFrame frame;
-    QCOMPARE(GradeBar(frame), u"Grade: 85% B"_s);
-    DialogRunner::SetHook([](QDialog& dialog) {
-        auto& options = static_cast<GradePredictionDlg&>(dialog);
-        options.SetPercent(0, 95.0);
-        options.accept();
-        return options.result();
-    });
-    Trigger(frame, "actionPredictionOptions");
-    // Lab 1 counts as 9.5 of 10 in the list and in the grade alike.
-    QCOMPARE(GradeBar(frame), u"Grade: 95% A"_s);
-    // Nothing of it reached the database.
-    CCourseTable course;
-    QVERIFY(course.Open() && course.MoveToRecord(m_course));
-    QCOMPARE(course.GetCurrentGrade(), 0.85);
+    Trigger(frame, action.constData());
+    QCOMPARE(GradeBar(frame), after);
+    QCOMPARE(frame.View()->ListModel()->rowCount(), rowsBefore + rowsAdded);
+    if (predicting) {
+        // Nothing of a prediction reached the database.
+        CCourseTable course;
+        QVERIFY(course.Open() && course.MoveToRecord(m_course));
+        QCOMPARE(course.GetCurrentGrade(), 0.85);
+    }
 }
 
 void TestViewRefresh::courseworkEditorSaysScoresAreNotSaved_data()
@@ -198,12 +201,9 @@ void TestViewRefresh::freshDatabaseListsDoneWork()
 {
     // The fixture's database is new: a scored item (done) stays in view.
     Records::Coursework(m_course, m_type, u"Scored"_s, 9.0, 10.0, 0.0, 100);
-    CMainView view;
-    view.RebuildTabs();
-    view.RebuildCourseSelector();
-    view.RefreshList();
-    QVERIFY(view.ShowDoneBox()->isChecked());
-    QCOMPARE(view.ListModel()->rowCount(), 2);
+    const auto view = CourseView();
+    QVERIFY(view->ShowDoneBox()->isChecked());
+    QCOMPARE(view->ListModel()->rowCount(), 2);
 }
 
 void TestViewRefresh::pressOnPredictedScoreShowsOnlyTheNote_data()
@@ -221,17 +221,14 @@ void TestViewRefresh::pressOnPredictedScoreShowsOnlyTheNote()
     CPredictionStore::Instance().SetActive(true);
     CPredictionStore::Instance().SetOverride(m_item,
                                              EffectiveScore{7, 10, EffectiveScore::Overridden});
-    CMainView view;
-    view.resize(view.fontMetrics().height() * 40, view.fontMetrics().height() * 30);
-    view.RebuildTabs();
-    view.RebuildCourseSelector();
-    view.RefreshList();
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    const auto view = CourseView();
+    view->resize(view->fontMetrics().height() * 40, view->fontMetrics().height() * 30);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
 
-    auto* list = qobject_cast<CCourseworkListView*>(view.List());
+    auto* list = qobject_cast<CCourseworkListView*>(view->List());
     QVERIFY(list);
-    const QRect row = list->visualRect(view.ListModel()->index(0));
+    const QRect row = list->visualRect(view->ListModel()->index(0));
     const int zone = list->PredictionZoneWidth();
     const QPoint point(onScore ? row.right() - zone / 2 : row.left() + 5, row.center().y());
     MessageAnswers answers;
@@ -256,16 +253,13 @@ void TestViewRefresh::deleteKeyAsksFirst()
 {
     QFETCH(int, answer);
     QFETCH(int, rowsAfter);
-    CMainView view;
-    view.RebuildTabs();
-    view.RebuildCourseSelector();
-    view.RefreshList();
-    QCOMPARE(view.ListModel()->rowCount(), 1);
-    view.List()->setCurrentIndex(view.ListModel()->index(0));
+    const auto view = CourseView();
+    QCOMPARE(view->ListModel()->rowCount(), 1);
+    view->List()->setCurrentIndex(view->ListModel()->index(0));
     MessageAnswers answers({QMessageBox::StandardButton(answer)});
-    QTest::keyClick(view.List(), Qt::Key_Delete);
+    QTest::keyClick(view->List(), Qt::Key_Delete);
     QCOMPARE(answers.Texts(), QStringList{u"Are you sure you want to delete this coursework?"_s});
-    QCOMPARE(view.ListModel()->rowCount(), rowsAfter);
+    QCOMPARE(view->ListModel()->rowCount(), rowsAfter);
 }
 
 void TestViewRefresh::menusHaveMnemonics()

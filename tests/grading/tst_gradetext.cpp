@@ -2,6 +2,9 @@
 // whole numbers of any size, a point whatever the locale, and a grade that is
 // not a number shown and counted as no score. (Rounding rows that the grade
 // calculation test already has for the cut percent are not repeated here.)
+//
+// Fault tried and caught: PercentOf always rounding up, noise too ("28 of 50",
+// "7 of 100").
 #include "BrindleData.h"
 #include "app/GradeBarText.h"
 #include "grading/Grading.h"

@@ -1,5 +1,8 @@
 // The grading policy dialog's OK with an untouched new-type pane and with a
 // write that fails, and the report card's chart with percents of any size.
+//
+// Fault tried and caught: OK no longer discarding an untouched new-type pane
+// ("untouched pane is no type").
 #include "BrindleData.h"
 #include "controls/NumericEdit.h"
 #include "grading/dialogs/CwTypeEditor.h"
