@@ -1,3 +1,4 @@
+#include "ApplicationIdentity.h"
 #include "BrindleData.h"
 #include "Clock.h"
 #include "CommandLine.h"
@@ -8,12 +9,12 @@
 #include "outlook/PimLibrary.h"
 #include "res/Resources.h"
 #include "controls/MessageBox.h"
+#include "res/Translations.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
 #include "res/strings/ViewStrings.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -24,9 +25,9 @@ int main(int argc, char* argv[])
 {
     QApplication app(argc, argv);
     InitBrindleResources();
-    QApplication::setApplicationName(QStringLiteral("Brindle"));
-    QApplication::setApplicationVersion(QStringLiteral(BRINDLE_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/brindle.svg")));
+    ApplicationIdentity::Apply();
+    // Before the command line is read, so that --help speaks the user's language.
+    InstallTranslators();
 
     const CommandLine options = CommandLine::Parse(app);
     if (!options.database.isEmpty())

@@ -1,0 +1,981 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>BrindleText</name>
+    <message>
+        <source>Brindle</source>
+        <translation>Brindle</translation>
+    </message>
+    <message>
+        <source>Course</source>
+        <translation>Kurs</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Extras</translation>
+    </message>
+    <message>
+        <source>Prediction</source>
+        <translation>Prognose</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>New Course...</source>
+        <translation>Neuer Kurs...</translation>
+    </message>
+    <message>
+        <source>Sort Courses...</source>
+        <translation>Kurse sortieren...</translation>
+    </message>
+    <message>
+        <source>Delete Course...</source>
+        <translation>Kurs löschen...</translation>
+    </message>
+    <message>
+        <source>Progress Report...</source>
+        <translation>Fortschrittsbericht...</translation>
+    </message>
+    <message>
+        <source>Add Coursework...</source>
+        <translation>Leistung hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Edit Course...</source>
+        <translation>Kurs bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Edit Instructors...</source>
+        <translation>Dozenten bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Edit Grading Policy...</source>
+        <translation>Bewertungsschema bearbeiten...</translation>
+    </message>
+    <message>
+        <source>About Brindle...</source>
+        <translation>Über Brindle...</translation>
+    </message>
+    <message>
+        <source>Database...</source>
+        <translation>Datenbank...</translation>
+    </message>
+    <message>
+        <source>Semester...</source>
+        <translation>Semester...</translation>
+    </message>
+    <message>
+        <source>Tab Order...</source>
+        <translation>Reihenfolge der Reiter...</translation>
+    </message>
+    <message>
+        <source>Buildings...</source>
+        <translation>Gebäude...</translation>
+    </message>
+    <message>
+        <source>All Instructors...</source>
+        <translation>Alle Dozenten...</translation>
+    </message>
+    <message>
+        <source>Institution...</source>
+        <translation>Hochschule...</translation>
+    </message>
+    <message>
+        <source>Report Card...</source>
+        <translation>Zeugnis...</translation>
+    </message>
+    <message>
+        <source>Options...</source>
+        <translation>Optionen...</translation>
+    </message>
+    <message>
+        <source>Toggle Grade Prediction</source>
+        <translation>Notenprognose ein/aus</translation>
+    </message>
+    <message>
+        <source>Turn On</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>Turn Off</source>
+        <translation>Ausschalten</translation>
+    </message>
+    <message>
+        <source>Show Done</source>
+        <translation>Erledigte zeigen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>About Brindle</source>
+        <translation>Über Brindle</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Brindle %1&lt;/h3&gt;&lt;p&gt;A student organizer: courses, coursework, grades and grade point averages, semester after semester.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Brindle %1&lt;/h3&gt;&lt;p&gt;Ein Studienplaner: Kurse, Leistungen, Noten und Notendurchschnitte, Semester für Semester.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>The help file %1 cannot be found.</source>
+        <translation>Die Hilfedatei %1 wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>%1
+
+Start with a new, empty database? The file is kept, unchanged, under a new name beside it.</source>
+        <translation>%1
+
+Mit einer neuen, leeren Datenbank beginnen? Die Datei bleibt unverändert unter einem neuen Namen daneben erhalten.</translation>
+    </message>
+    <message>
+        <source>%1
+
+Brindle cannot start on this database.</source>
+        <translation>%1
+
+Brindle kann mit dieser Datenbank nicht starten.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be renamed; Brindle leaves it as it is and stops.</source>
+        <translation>Die Datei %1 kann nicht umbenannt werden; Brindle lässt sie unverändert und beendet sich.</translation>
+    </message>
+    <message>
+        <source>The picture %1 cannot be written.</source>
+        <translation>Das Bild %1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Use the database FILE.</source>
+        <translation>Die Datenbank FILE verwenden.</translation>
+    </message>
+    <message>
+        <source>Write the main window to the PNG FILE and exit.</source>
+        <translation>Das Hauptfenster in die PNG-Datei FILE schreiben und beenden.</translation>
+    </message>
+    <message>
+        <source>Exit as soon as the main window is drawn.</source>
+        <translation>Beenden, sobald das Hauptfenster gezeichnet ist.</translation>
+    </message>
+    <message>
+        <source>Start on a fresh demo database in a temporary folder.</source>
+        <translation>Mit einer frischen Demo-Datenbank in einem temporären Ordner starten.</translation>
+    </message>
+    <message>
+        <source>Confirm Delete</source>
+        <translation>Löschen bestätigen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Name: </source>
+        <translation>Name: </translation>
+    </message>
+    <message>
+        <source>Weight: </source>
+        <translation>Gewichtung: </translation>
+    </message>
+    <message>
+        <source>The weight must be a number of 0 or more.</source>
+        <translation>Die Gewichtung muss eine Zahl von 0 oder mehr sein.</translation>
+    </message>
+    <message>
+        <source>No Courses</source>
+        <translation>Keine Kurse</translation>
+    </message>
+    <message>
+        <source>No Score</source>
+        <translation>Keine Punkte</translation>
+    </message>
+    <message>
+        <source>Grade</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>GPA</source>
+        <translation>Schnitt</translation>
+    </message>
+    <message>
+        <source>Brindle Help</source>
+        <translation>Brindle-Hilfe</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>Grade: %1% %2</source>
+        <translation>Note: %1% %2</translation>
+    </message>
+    <message>
+        <source>New Coursework</source>
+        <translation>Neue Leistung</translation>
+    </message>
+    <message>
+        <source>Edit Coursework</source>
+        <translation>Leistung bearbeiten</translation>
+    </message>
+    <message>
+        <source>Add Coursework To...</source>
+        <translation>Leistung hinzufügen zu...</translation>
+    </message>
+    <message>
+        <source>Coursework Info</source>
+        <translation>Leistungsinfo</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Cw Type: </source>
+        <translation>Leistungsart: </translation>
+    </message>
+    <message>
+        <source>Due Date: </source>
+        <translation>Fällig am: </translation>
+    </message>
+    <message>
+        <source>Score: </source>
+        <translation>Erreicht: </translation>
+    </message>
+    <message>
+        <source>Out Of</source>
+        <translation>von</translation>
+    </message>
+    <message>
+        <source>Textbook: </source>
+        <translation>Lehrbuch: </translation>
+    </message>
+    <message>
+        <source>No Textbook</source>
+        <translation>Kein Lehrbuch</translation>
+    </message>
+    <message>
+        <source>Progress: </source>
+        <translation>Fortschritt: </translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Cw Type...</source>
+        <translation>Leistungsart...</translation>
+    </message>
+    <message>
+        <source>Textbook...</source>
+        <translation>Lehrbuch...</translation>
+    </message>
+    <message>
+        <source>Coursework name empty.</source>
+        <translation>Name der Leistung leer.</translation>
+    </message>
+    <message>
+        <source>The score must be a number of 0 or more.</source>
+        <translation>Die erreichten Punkte müssen eine Zahl von 0 oder mehr sein.</translation>
+    </message>
+    <message>
+        <source>The points possible (Out Of) must be a number of 0 or more.</source>
+        <translation>Die möglichen Punkte (von) müssen eine Zahl von 0 oder mehr sein.</translation>
+    </message>
+    <message>
+        <source>New Course</source>
+        <translation>Neuer Kurs</translation>
+    </message>
+    <message>
+        <source>Edit Course</source>
+        <translation>Kurs bearbeiten</translation>
+    </message>
+    <message>
+        <source>Basic Info</source>
+        <translation>Grunddaten</translation>
+    </message>
+    <message>
+        <source>Books</source>
+        <translation>Bücher</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>Raum</translation>
+    </message>
+    <message>
+        <source>Number: </source>
+        <translation>Nummer: </translation>
+    </message>
+    <message>
+        <source>Section: </source>
+        <translation>Gruppe: </translation>
+    </message>
+    <message>
+        <source>Dept: </source>
+        <translation>Fachbereich: </translation>
+    </message>
+    <message>
+        <source>Hours: </source>
+        <translation>Stunden: </translation>
+    </message>
+    <message>
+        <source>In Major</source>
+        <translation>Im Hauptfach</translation>
+    </message>
+    <message>
+        <source>Tap and hold in the list below to add and edit textbooks.</source>
+        <translation>Zum Hinzufügen und Bearbeiten von Lehrbüchern in der Liste unten tippen und halten.</translation>
+    </message>
+    <message>
+        <source>Tap and hold in the list below to add and edit times.</source>
+        <translation>Zum Hinzufügen und Bearbeiten von Zeiten in der Liste unten tippen und halten.</translation>
+    </message>
+    <message>
+        <source>Building: </source>
+        <translation>Gebäude: </translation>
+    </message>
+    <message>
+        <source>Room Number: </source>
+        <translation>Raumnummer: </translation>
+    </message>
+    <message>
+        <source>Web Site: </source>
+        <translation>Webseite: </translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <translation>Erweitert</translation>
+    </message>
+    <message>
+        <source>Grading...</source>
+        <translation>Bewertung...</translation>
+    </message>
+    <message>
+        <source>Instructor...</source>
+        <translation>Dozent...</translation>
+    </message>
+    <message>
+        <source>Details...</source>
+        <translation>Details...</translation>
+    </message>
+    <message>
+        <source>Course Details</source>
+        <translation>Kursdetails</translation>
+    </message>
+    <message>
+        <source>You must supply a course name.</source>
+        <translation>Sie müssen einen Kursnamen angeben.</translation>
+    </message>
+    <message>
+        <source>A course with the name &apos;%1&apos; already exists.
+Please enter a new course name.</source>
+        <translation>Ein Kurs mit dem Namen „%1“ existiert bereits.
+Bitte geben Sie einen neuen Kursnamen ein.</translation>
+    </message>
+    <message>
+        <source>The hours must be a number from 0 up, or left empty.</source>
+        <translation>Die Stunden müssen eine Zahl ab 0 sein oder leer bleiben.</translation>
+    </message>
+    <message>
+        <source>New Textbook</source>
+        <translation>Neues Lehrbuch</translation>
+    </message>
+    <message>
+        <source>Edit Textbook</source>
+        <translation>Lehrbuch bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Textbook</source>
+        <translation>Lehrbuch löschen</translation>
+    </message>
+    <message>
+        <source>Author: </source>
+        <translation>Autor: </translation>
+    </message>
+    <message>
+        <source>Cost: </source>
+        <translation>Preis: </translation>
+    </message>
+    <message>
+        <source>The cost must be a number from 0 up, or left empty.</source>
+        <translation>Der Preis muss eine Zahl ab 0 sein oder leer bleiben.</translation>
+    </message>
+    <message>
+        <source>%1 by %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>New Time</source>
+        <translation>Neue Zeit</translation>
+    </message>
+    <message>
+        <source>Edit Time</source>
+        <translation>Zeit bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Time</source>
+        <translation>Zeit löschen</translation>
+    </message>
+    <message>
+        <source>Start Time: </source>
+        <translation>Beginn: </translation>
+    </message>
+    <message>
+        <source>End Time: </source>
+        <translation>Ende: </translation>
+    </message>
+    <message>
+        <source>Days: </source>
+        <translation>Tage: </translation>
+    </message>
+    <message>
+        <source>Su</source>
+        <translation>So</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <translation>Mo</translation>
+    </message>
+    <message>
+        <source>Tu</source>
+        <translation>Di</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <translation>Mi</translation>
+    </message>
+    <message>
+        <source>Th</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>Fr</translation>
+    </message>
+    <message>
+        <source>Sa</source>
+        <translation>Sa</translation>
+    </message>
+    <message>
+        <source>(no days)</source>
+        <translation>(keine Tage)</translation>
+    </message>
+    <message>
+        <source>%1  %2 - %3</source>
+        <translation>%1  %2 - %3</translation>
+    </message>
+    <message>
+        <source>The end time is before the start time.
+Please choose an end time at or after the start time.</source>
+        <translation>Das Ende liegt vor dem Beginn.
+Bitte wählen Sie ein Ende zum oder nach dem Beginn.</translation>
+    </message>
+    <message>
+        <source>Edit Instructors</source>
+        <translation>Dozenten bearbeiten</translation>
+    </message>
+    <message>
+        <source>Current Instructors</source>
+        <translation>Aktuelle Dozenten</translation>
+    </message>
+    <message>
+        <source>Office Hours</source>
+        <translation>Sprechstunden</translation>
+    </message>
+    <message>
+        <source>Phone: </source>
+        <translation>Telefon: </translation>
+    </message>
+    <message>
+        <source>Email: </source>
+        <translation>E-Mail: </translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>From Previous...</source>
+        <translation>Aus früheren...</translation>
+    </message>
+    <message>
+        <source>Brand New</source>
+        <translation>Ganz neu</translation>
+    </message>
+    <message>
+        <source>Current Instructor</source>
+        <translation>Aktueller Dozent</translation>
+    </message>
+    <message>
+        <source>(Enter Name)</source>
+        <translation>(Name eingeben)</translation>
+    </message>
+    <message>
+        <source>Another course is currently using this instructor.
+Continue with Delete?</source>
+        <translation>Ein anderer Kurs verwendet diesen Dozenten.
+Trotzdem löschen?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete the instructor?</source>
+        <translation>Möchten Sie den Dozenten wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>Buildings</source>
+        <translation>Gebäude</translation>
+    </message>
+    <message>
+        <source>Tap and hold in the list below to add and edit buildings.</source>
+        <translation>Zum Hinzufügen und Bearbeiten von Gebäuden in der Liste unten tippen und halten.</translation>
+    </message>
+    <message>
+        <source>New Building</source>
+        <translation>Neues Gebäude</translation>
+    </message>
+    <message>
+        <source>Edit Building</source>
+        <translation>Gebäude bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Building</source>
+        <translation>Gebäude löschen</translation>
+    </message>
+    <message>
+        <source>Building Name:</source>
+        <translation>Gebäudename:</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete the course &apos;%1&apos;?</source>
+        <translation>Möchten Sie den Kurs „%1“ wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>Grading Policy</source>
+        <translation>Bewertungsschema</translation>
+    </message>
+    <message>
+        <source>Cw Types</source>
+        <translation>Leistungsarten</translation>
+    </message>
+    <message>
+        <source>Weighting</source>
+        <translation>Gewichtung</translation>
+    </message>
+    <message>
+        <source>Grading</source>
+        <translation>Bewertung</translation>
+    </message>
+    <message>
+        <source>Tap and hold in the list below to add and coursework types.</source>
+        <translation>Zum Hinzufügen und Bearbeiten von Leistungsarten in der Liste unten tippen und halten.</translation>
+    </message>
+    <message>
+        <source>Cw Type</source>
+        <translation>Leistungsart</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>Gewicht</translation>
+    </message>
+    <message>
+        <source>Drops</source>
+        <translation>Streichungen</translation>
+    </message>
+    <message>
+        <source>New Cw Type</source>
+        <translation>Neue Leistungsart</translation>
+    </message>
+    <message>
+        <source>Edit Cw Type</source>
+        <translation>Leistungsart bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Cw Type</source>
+        <translation>Leistungsart löschen</translation>
+    </message>
+    <message>
+        <source>Drops: </source>
+        <translation>Streichungen: </translation>
+    </message>
+    <message>
+        <source>Weighting used in Grade Calculation</source>
+        <translation>Gewichtung bei der Notenberechnung</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>By Type</source>
+        <translation>Nach Art</translation>
+    </message>
+    <message>
+        <source>Per Item</source>
+        <translation>Je Leistung</translation>
+    </message>
+    <message>
+        <source>Minimum Percent for Grade</source>
+        <translation>Mindestprozent je Note</translation>
+    </message>
+    <message>
+        <source>Enter the minimum score required to receive the grade</source>
+        <translation>Geben Sie die Mindestpunktzahl für die Note ein</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Edit Minimum Percent</source>
+        <translation>Mindestprozent bearbeiten</translation>
+    </message>
+    <message>
+        <source>Grade %1</source>
+        <translation>Note %1</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>The minimum percent must be a number from 0 to 100.</source>
+        <translation>Das Mindestprozent muss eine Zahl von 0 bis 100 sein.</translation>
+    </message>
+    <message>
+        <source>Enter a name for the coursework type.</source>
+        <translation>Geben Sie einen Namen für die Leistungsart ein.</translation>
+    </message>
+    <message>
+        <source>Drops must be a whole number from 0 to 99.</source>
+        <translation>Streichungen müssen eine ganze Zahl von 0 bis 99 sein.</translation>
+    </message>
+    <message>
+        <source>Homework</source>
+        <translation>Hausaufgabe</translation>
+    </message>
+    <message>
+        <source>%1% %2</source>
+        <translation>%1% %2</translation>
+    </message>
+    <message>
+        <source>Grade Prediction</source>
+        <translation>Notenprognose</translation>
+    </message>
+    <message>
+        <source>Enter score each non-graded coursework will receive</source>
+        <translation>Geben Sie die Punkte ein, die jede unbewertete Leistung erhalten soll</translation>
+    </message>
+    <message>
+        <source>Edit Percent</source>
+        <translation>Prozent bearbeiten</translation>
+    </message>
+    <message>
+        <source>Clear Percent</source>
+        <translation>Prozent löschen</translation>
+    </message>
+    <message>
+        <source>Score to Give: </source>
+        <translation>Zu vergebende Punkte: </translation>
+    </message>
+    <message>
+        <source>The score to give is a percent: enter a number from 0 to 100.</source>
+        <translation>Die zu vergebenden Punkte sind ein Prozentwert: Geben Sie eine Zahl von 0 bis 100 ein.</translation>
+    </message>
+    <message>
+        <source>Progress Report</source>
+        <translation>Fortschrittsbericht</translation>
+    </message>
+    <message>
+        <source>%1 of %2 completed</source>
+        <translation>%1 von %2 erledigt</translation>
+    </message>
+    <message>
+        <source>-</source>
+        <translation>-</translation>
+    </message>
+    <message>
+        <source>No Courseworks</source>
+        <translation>Keine Leistungen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 courseworks completed</source>
+        <translation>%1 von %2 Leistungen erledigt</translation>
+    </message>
+    <message>
+        <source>A+</source>
+        <translation>A+</translation>
+    </message>
+    <message>
+        <source>Institution Info</source>
+        <translation>Hochschulinfo</translation>
+    </message>
+    <message>
+        <source>Grade Scale</source>
+        <translation>Notenskala</translation>
+    </message>
+    <message>
+        <source>Set the grade points for the grade scale</source>
+        <translation>Legen Sie die Notenpunkte der Notenskala fest</translation>
+    </message>
+    <message>
+        <source>Grade Scales: </source>
+        <translation>Notenskalen: </translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Aktuell</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>New...</source>
+        <translation>Neu...</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>A grade scale holds at most %1 grades. Delete a grade before adding another.</source>
+        <translation>Eine Notenskala hat höchstens %1 Noten. Löschen Sie eine Note, bevor Sie eine weitere hinzufügen.</translation>
+    </message>
+    <message>
+        <source>The grade scale needs at least one grade. Add a grade or choose a scale from the list.</source>
+        <translation>Die Notenskala braucht mindestens eine Note. Fügen Sie eine Note hinzu oder wählen Sie eine Skala aus der Liste.</translation>
+    </message>
+    <message>
+        <source>The institution information could not be saved; nothing was changed.</source>
+        <translation>Die Angaben zur Hochschule konnten nicht gespeichert werden; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Show GPA With Hours</source>
+        <translation>Schnitt mit Stunden zeigen</translation>
+    </message>
+    <message>
+        <source>Total Hours </source>
+        <translation>Stunden gesamt </translation>
+    </message>
+    <message>
+        <source>Total Points </source>
+        <translation>Punkte gesamt </translation>
+    </message>
+    <message>
+        <source>Past GPA</source>
+        <translation>Früherer Schnitt</translation>
+    </message>
+    <message>
+        <source>Past hours and past points cannot be negative.</source>
+        <translation>Frühere Stunden und frühere Punkte können nicht negativ sein.</translation>
+    </message>
+    <message>
+        <source>Hours and grade points earned before the courses kept in Brindle; they count toward the cumulative GPA.</source>
+        <translation>Stunden und Notenpunkte aus der Zeit vor den Kursen in Brindle; sie zählen zum Gesamtschnitt.</translation>
+    </message>
+    <message>
+        <source>New Grade Point</source>
+        <translation>Neue Note</translation>
+    </message>
+    <message>
+        <source>Edit Grade Point</source>
+        <translation>Note bearbeiten</translation>
+    </message>
+    <message>
+        <source>Grade Point Name</source>
+        <translation>Name der Note</translation>
+    </message>
+    <message>
+        <source>Grade Points: </source>
+        <translation>Notenpunkte: </translation>
+    </message>
+    <message>
+        <source>Enter a name for the grade.</source>
+        <translation>Geben Sie einen Namen für die Note ein.</translation>
+    </message>
+    <message>
+        <source>Grade points are a number from 0 up.</source>
+        <translation>Notenpunkte sind eine Zahl ab 0.</translation>
+    </message>
+    <message>
+        <source>Report Card</source>
+        <translation>Zeugnis</translation>
+    </message>
+    <message>
+        <source>Maj GPA</source>
+        <translation>HF-Schnitt</translation>
+    </message>
+    <message>
+        <source>Cum. GPA</source>
+        <translation>Ges.-Schnitt</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>All course grade information</source>
+        <translation>Alle Noten der Kurse</translation>
+    </message>
+    <message>
+        <source>Current percent against grade minimums</source>
+        <translation>Aktuelle Prozent gegen Notenminima</translation>
+    </message>
+    <message>
+        <source>No courses to chart</source>
+        <translation>Keine Kurse für das Diagramm</translation>
+    </message>
+    <message>
+        <source>No Filter</source>
+        <translation>Kein Filter</translation>
+    </message>
+    <message>
+        <source>Past Due</source>
+        <translation>Überfällig</translation>
+    </message>
+    <message>
+        <source>Course Week</source>
+        <translation>Kurswoche</translation>
+    </message>
+    <message>
+        <source>Due By</source>
+        <translation>Fällig bis</translation>
+    </message>
+    <message>
+        <source>The database file %1 cannot be read: %2</source>
+        <translation>Die Datenbankdatei %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The database file %1 cannot be opened: %2</source>
+        <translation>Die Datenbankdatei %1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>The file %1 is not a database.</source>
+        <translation>Die Datei %1 ist keine Datenbank.</translation>
+    </message>
+    <message>
+        <source>The file %1 is a database of another program, not a Brindle database.</source>
+        <translation>Die Datei %1 ist die Datenbank eines anderen Programms, keine Brindle-Datenbank.</translation>
+    </message>
+    <message>
+        <source>The database file %1 is damaged (%2).</source>
+        <translation>Die Datenbankdatei %1 ist beschädigt (%2).</translation>
+    </message>
+    <message>
+        <source>The database file %1 was written by a newer version of Brindle.</source>
+        <translation>Die Datenbankdatei %1 wurde von einer neueren Version von Brindle geschrieben.</translation>
+    </message>
+    <message>
+        <source>The tables of the database file %1 cannot be created.</source>
+        <translation>Die Tabellen der Datenbankdatei %1 können nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>All Courses</source>
+        <translation>Alle Kurse</translation>
+    </message>
+    <message>
+        <source>Delete Coursework</source>
+        <translation>Leistung löschen</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete this coursework?</source>
+        <translation>Möchten Sie diese Leistung wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>Unofficial score from Grade Prediction Mode</source>
+        <translation>Inoffizielle Punkte aus dem Notenprognose-Modus</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3</source>
+        <translation>%1 %2 %3</translation>
+    </message>
+    <message>
+        <source>Due %1</source>
+        <translation>Fällig %1</translation>
+    </message>
+    <message>
+        <source>Overdue: due %1</source>
+        <translation>Überfällig: fällig %1</translation>
+    </message>
+    <message>
+        <source>%1/%2</source>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 pts</source>
+        <translation>%1 Pkt.</translation>
+    </message>
+    <message>
+        <source>--</source>
+        <translation>--</translation>
+    </message>
+    <message>
+        <source>Predicted score</source>
+        <translation>Prognostizierte Punkte</translation>
+    </message>
+    <message>
+        <source>GPA: %1</source>
+        <translation>Schnitt: %1</translation>
+    </message>
+    <message>
+        <source>GPA:</source>
+        <translation>Schnitt:</translation>
+    </message>
+    <message>
+        <source>Grade: --</source>
+        <translation>Note: --</translation>
+    </message>
+    <message>
+        <source>Grade: %1%</source>
+        <translation>Note: %1%</translation>
+    </message>
+    <message>
+        <source>Grade Prediction Mode</source>
+        <translation>Notenprognose-Modus</translation>
+    </message>
+    <message>
+        <source>Archived Semester</source>
+        <translation>Archiviertes Semester</translation>
+    </message>
+    <message>
+        <source>Exit Grade Prediction Mode</source>
+        <translation>Notenprognose-Modus verlassen</translation>
+    </message>
+    <message>
+        <source>Exit Archived Semester</source>
+        <translation>Archiviertes Semester verlassen</translation>
+    </message>
+    <message>
+        <source>The demo database cannot be made.</source>
+        <translation>Die Demo-Datenbank kann nicht angelegt werden.</translation>
+    </message>
+</context>
+</TS>
