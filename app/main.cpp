@@ -6,6 +6,7 @@
 #include "DemoDatabase.h"
 #include "MainFrame.h"
 #include "Startup.h"
+#include "controls/ContextMenuKey.h"
 #include "outlook/PimLibrary.h"
 #include "res/Resources.h"
 #include "controls/MessageBox.h"
@@ -28,6 +29,8 @@ int main(int argc, char* argv[])
     ApplicationIdentity::Apply();
     // Before the command line is read, so that --help speaks the user's language.
     InstallTranslators();
+    CContextMenuKey contextMenuKey;
+    app.installEventFilter(&contextMenuKey);
 
     const CommandLine options = CommandLine::Parse(app);
     if (!options.database.isEmpty())

@@ -977,5 +977,17 @@ Trotzdem löschen?</translation>
         <source>The demo database cannot be made.</source>
         <translation>Die Demo-Datenbank kann nicht angelegt werden.</translation>
     </message>
+    <message>
+        <source>%1, %2, %3 done</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, score %2</source>
+        <translation>%1, erreicht %2</translation>
+    </message>
+    <message>
+        <source>%1, score %2 (%3)</source>
+        <translation>%1, erreicht %2 (%3)</translation>
+    </message>
 </context>
 </TS>

@@ -83,6 +83,7 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
 
     auto* chartCaption = new QLabel(ReportStrings::ChartCaption(), this);
     chartCaption->setObjectName(QStringLiteral("chartCaption"));
+    m_chart->setAccessibleName(ReportStrings::ChartCaption());
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::accept);
