@@ -979,7 +979,7 @@ Trotzdem löschen?</translation>
     </message>
     <message>
         <source>%1, %2, %3 done</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2, %3 erledigt</translation>
     </message>
     <message>
         <source>%1, score %2</source>
