@@ -989,5 +989,13 @@ Trotzdem löschen?</translation>
         <source>%1, score %2 (%3)</source>
         <translation>%1, erreicht %2 (%3)</translation>
     </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Coursework</source>
+        <translation>Leistungen</translation>
+    </message>
 </context>
 </TS>

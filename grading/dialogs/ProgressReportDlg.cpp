@@ -66,6 +66,7 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     m_titleLabel->setWordWrap(true);
 
     m_rowList->setObjectName(QStringLiteral("typeRows"));
+    m_rowList->setAccessibleName(ReportStrings::ProgressReportTitle());
     m_rowList->setColumnCount(3);
     m_rowList->setHeaderHidden(true);
     m_rowList->setRootIsDecorated(false);

@@ -67,6 +67,7 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
     caption->setObjectName(QStringLiteral("courseCaption"));
 
     m_courseList->setObjectName(QStringLiteral("courseList"));
+    m_courseList->setAccessibleName(ReportStrings::AllCourseGrades());
     m_courseList->setColumnCount(2);
     m_courseList->setHeaderHidden(true);
     m_courseList->setRootIsDecorated(false);

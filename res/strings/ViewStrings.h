@@ -45,6 +45,20 @@ inline QString PercentText(const QString& number)
 {
     return ControlStrings::Percent(number);
 }
+// Names of the main view's controls for screen readers.
+inline QString TabsName()
+{
+    return BrindleText::tr("View");
+}
+inline QString CourseSelectorName()
+{
+    return BrindleText::tr("Course");
+}
+inline QString ListName()
+{
+    return BrindleText::tr("Coursework");
+}
+
 // A coursework row as a screen reader speaks it: name, due date, progress
 // and, once graded, the score.
 inline QString RowSpoken(const QString& name, const QString& due, const QString& progress)
