@@ -12,7 +12,7 @@ add_custom_command(OUTPUT ${BRINDLE_CHANGELOG_GZ}
     DEPENDS ${PROJECT_SOURCE_DIR}/data/changelog VERBATIM)
 add_custom_target(brindle_changelog ALL DEPENDS ${BRINDLE_CHANGELOG_GZ})
 install(FILES ${PROJECT_SOURCE_DIR}/data/copyright ${BRINDLE_CHANGELOG_GZ}
-    DESTINATION ${CMAKE_INSTALL_DOCDIR})
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/brindle)
 
 # Summary and description from the metainfo: the first (untranslated) summary
 # and the paragraphs of the description, wrapped for the control file.
@@ -29,6 +29,9 @@ foreach(paragraph ${paragraphs})
     string(REGEX REPLACE "</?p>" "" paragraph "${paragraph}")
     string(REGEX REPLACE "[ \n\r\t]+" " " paragraph "${paragraph}")
     string(STRIP "${paragraph}" paragraph)
+    if(NOT description STREQUAL "")
+        string(APPEND description "\n")
+    endif()
     string(REPLACE " " ";" words "${paragraph}")
     set(line "")
     foreach(word ${words})
@@ -42,9 +45,6 @@ foreach(paragraph ${paragraphs})
             string(APPEND line " ${word}")
         endif()
     endforeach()
-    if(NOT description STREQUAL "")
-        set(description "${description}\n")
-    endif()
     string(APPEND description "${line}\n")
 endforeach()
 string(REGEX REPLACE "\n$" "" description "${description}")
