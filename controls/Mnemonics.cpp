@@ -93,11 +93,10 @@ void Assign(QWidget* window)
         if (position < 0)
             continue;
         taken.insert(entry.text.at(position).toLower());
+        // The text is already in mnemonic form: a literal ampersand is "&&"
+        // and stays so.
         QString text = entry.text;
-        text.replace(QStringLiteral("&"), QStringLiteral("&&"));
-        // Every "&" before the position became two.
-        const int shift = entry.text.left(position).count(u'&');
-        text.insert(position + shift, u'&');
+        text.insert(position, u'&');
         SetText(entry, text);
     }
 }

@@ -24,7 +24,7 @@ env -u BRINDLE_INSTALL_DIR -u BRINDLE_DATABASE HOME="$work/home" QT_QPA_PLATFORM
     "$program" --database "$work/fresh.db" --screenshot "$work/main.png"
 test -s "$work/main.png" || { echo "the unpacked program drew no window" >&2; exit 1; }
 # German from the package's own translations.
-LANGUAGE=de LC_ALL=C.UTF-8 "$program" --help | grep -q "Datenbank" ||
+LANGUAGE=de LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen "$program" --help | grep -q "Datenbank" ||
     { echo "the unpacked program does not speak German" >&2; exit 1; }
 echo "unpacked package runs: $(basename "$deb")"
 

@@ -23,11 +23,11 @@ bool ReadTsFile(const QString& path, QList<TsMessage>* messages, QString* error)
             context = xml.readElementText();
         } else if (name == u"message") {
             message = TsMessage{context, {}, {}, false, false};
-            message.numerus = xml.attributes().value(u"numerus") == u"yes";
+            message.numerus = xml.attributes().value(QStringLiteral("numerus")) == u"yes";
         } else if (name == u"source") {
             message.source = xml.readElementText();
         } else if (name == u"translation") {
-            const auto type = xml.attributes().value(u"type");
+            const auto type = xml.attributes().value(QStringLiteral("type"));
             // Finished: not "unfinished", and not left over from a text that
             // no longer exists ("vanished", "obsolete").
             message.finished = type.isEmpty();

@@ -50,7 +50,7 @@ QHash<QString, QString> ReadMetainfo(const QString& path)
         if (name == u"component" || name == u"provides" || name == u"releases")
             continue; // look inside
         if (name == u"release") {
-            info.insert(name, xml.attributes().value(u"version").toString());
+            info.insert(name, xml.attributes().value(QStringLiteral("version")).toString());
             xml.skipCurrentElement();
         } else if (name == u"description" || name == u"screenshots" ||
                    name == u"content_rating" || name == u"categories") {

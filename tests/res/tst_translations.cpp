@@ -227,7 +227,8 @@ void TestTranslations::languageVariableReachesTheProgram()
     const QString germanOption = AppStrings::OptionDemo();
     QVERIFY2(germanOption != u"Start on a fresh demo database in a temporary folder."_s,
              qPrintable(germanOption));
-    QVERIFY2(help.contains(germanOption), qPrintable(help));
+    // --help wraps long lines.
+    QVERIFY2(help.simplified().contains(germanOption.simplified()), qPrintable(help));
 }
 
 QTEST_MAIN(TestTranslations)
