@@ -1,6 +1,6 @@
 // Keyboard and screen-reader access: every dialog the menus open, and the main
-// window, have an accessible name on each control that takes the focus and no
-// mnemonic letter twice in one window; list rows and the report card's chart
+// window, have an accessible name on each control that takes the focus, no
+// mnemonic letter twice in one window and a Tab order that runs down it; list rows and the report card's chart
 // speak what they draw; Shift+F10 opens a context menu as the Menu key does.
 #include "BrindleData.h"
 #include "app/MainFrame.h"
@@ -82,17 +82,46 @@ QStringList ProblemsOf(QWidget* window)
     return problems;
 }
 
+// Tab goes down the window: each control that Tab reaches next sits lower, or
+// on the same line. (Columns side by side would break this rule; Brindle's
+// dialogs have none.)
+QStringList TabOrderProblems(QWidget* window)
+{
+    QStringList problems;
+    QWidget* start = window;
+    QWidget* previous = nullptr;
+    int previousTop = 0;
+    for (QWidget* widget = start->nextInFocusChain(); widget != start;
+         widget = widget->nextInFocusChain()) {
+        if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisibleTo(window) ||
+            !widget->isEnabled() || widget->focusProxy() || !window->isAncestorOf(widget))
+            continue;
+        const QRect area(widget->mapTo(window, QPoint(0, 0)), widget->size());
+        const int tolerance = widget->fontMetrics().height();
+        if (previous && area.bottom() < previousTop - tolerance)
+            problems << window->objectName() + u": Tab goes up from "_s + Describe(previous) +
+                            u" to "_s + Describe(widget);
+        previous = widget;
+        previousTop = area.top();
+    }
+    return problems;
+}
+
 // Every page of every tab widget in turn, then back to the first.
 QStringList ProblemsOfEveryPage(QWidget* window)
 {
-    QStringList problems = ProblemsOf(window);
+    // Shown, so that the layout places every control.
+    window->show();
+    QStringList problems = ProblemsOf(window) + TabOrderProblems(window);
     for (QTabWidget* tabs : window->findChildren<QTabWidget*>()) {
         for (int page = 0; page < tabs->count(); ++page) {
             tabs->setCurrentIndex(page);
-            problems += ProblemsOf(window);
+            QCoreApplication::processEvents();
+            problems += ProblemsOf(window) + TabOrderProblems(window);
         }
         tabs->setCurrentIndex(0);
     }
+    window->hide();
     problems.removeDuplicates();
     return problems;
 }
