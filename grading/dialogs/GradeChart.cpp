@@ -252,8 +252,7 @@ QString GradeChart::SpokenText() const
                 grade = band.gradeName;
                 break;
             }
-        const QString percentText =
-            GradeText::NumberToText(GradeText::PercentOf(course.fraction));
+        const QString percentText = GradeText::NumberToText(GradeText::PercentOf(course.fraction));
         lines.append(ReportStrings::ChartLine(
             course.name, ReportStrings::PercentAndGrade(percentText, grade).trimmed()));
     }

@@ -1,7 +1,7 @@
 // Keyboard and screen-reader access: every dialog the menus open, and the main
 // window, have an accessible name on each control that takes the focus, no
-// mnemonic letter twice in one window and a Tab order that runs down it; list rows and the report card's chart
-// speak what they draw; Shift+F10 opens a context menu as the Menu key does.
+// mnemonic letter twice in one window and a Tab order that runs down it; list rows and the report
+// card's chart speak what they draw; Shift+F10 opens a context menu as the Menu key does.
 #include "BrindleData.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
@@ -34,7 +34,7 @@ namespace {
 QString Describe(QWidget* widget)
 {
     return u"%1 \"%2\""_s.arg(QString::fromLatin1(widget->metaObject()->className()),
-                               widget->objectName());
+                              widget->objectName());
 }
 
 // A text as it reads on screen: "&&" is an ampersand, "&x" an underlined x.
@@ -75,7 +75,7 @@ QStringList ProblemsOf(QWidget* window)
             continue;
         if (letters.contains(letter))
             problems << where + u": Alt+%1 on \"%2\" and \"%3\""_s.arg(letter, letters[letter],
-                                                                     entry.text);
+                                                                       entry.text);
         else
             letters.insert(letter, entry.text);
     }
@@ -137,7 +137,7 @@ QStringList MenuProblems(const QString& where, const QList<QAction*>& actions)
         const QChar letter = Mnemonics::LetterOf(action->text());
         if (!letter.isNull() && letters.contains(letter))
             problems << where + u": Alt+%1 on \"%2\" and \"%3\""_s.arg(letter, letters[letter],
-                                                                     action->text());
+                                                                       action->text());
         else if (!letter.isNull())
             letters.insert(letter, action->text());
         if (action->menu())
@@ -222,8 +222,7 @@ void TestAccessibility::mnemonicsAreGivenOnceEach_data()
     QTest::addColumn<QStringList>("texts");
     QTest::newRow("distinct words") << QStringList{u"Name: "_s, u"Weight: "_s, u"Delete"_s};
     QTest::newRow("same first letters") << QStringList{u"Move Up"_s, u"Move Down"_s, u"Minimum"_s};
-    QTest::newRow("one already given")
-        << QStringList{u"&Delete"_s, u"Details"_s, u"Drops: "_s};
+    QTest::newRow("one already given") << QStringList{u"&Delete"_s, u"Details"_s, u"Drops: "_s};
     QTest::newRow("an ampersand in the text") << QStringList{u"R&&D"_s, u"Rooms && Times"_s};
     QTest::newRow("German") << QStringList{u"Übernehmen"_s, u"Überfällig"_s, u"Öffnen"_s};
 }

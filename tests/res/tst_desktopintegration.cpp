@@ -52,8 +52,8 @@ QHash<QString, QString> ReadMetainfo(const QString& path)
         if (name == u"release") {
             info.insert(name, xml.attributes().value(QStringLiteral("version")).toString());
             xml.skipCurrentElement();
-        } else if (name == u"description" || name == u"screenshots" ||
-                   name == u"content_rating" || name == u"categories") {
+        } else if (name == u"description" || name == u"screenshots" || name == u"content_rating" ||
+                   name == u"categories") {
             info.insert(name, u"present"_s);
             xml.skipCurrentElement();
         } else {
@@ -114,8 +114,8 @@ void TestDesktopIntegration::validatorsAccept_data()
 {
     QTest::addColumn<QString>("program");
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("desktop entry") << u"desktop-file-validate"_s
-                                   << QStringList{QStringLiteral(BRINDLE_DESKTOP_FILE)};
+    QTest::newRow("desktop entry")
+        << u"desktop-file-validate"_s << QStringList{QStringLiteral(BRINDLE_DESKTOP_FILE)};
     QTest::newRow("metainfo") << u"appstreamcli"_s
                               << QStringList{u"validate"_s, u"--no-net"_s, u"--explain"_s,
                                              QStringLiteral(BRINDLE_METAINFO)};
@@ -157,7 +157,8 @@ void TestDesktopIntegration::entryMatchesTheRunningProgram()
 void TestDesktopIntegration::metainfoMatchesTheEntry()
 {
     QCOMPARE(m_metainfo.value(u"id"_s), ApplicationIdentity::DesktopFileName());
-    QCOMPARE(m_metainfo.value(u"launchable"_s), QFileInfo(QStringLiteral(BRINDLE_DESKTOP_FILE)).fileName());
+    QCOMPARE(m_metainfo.value(u"launchable"_s),
+             QFileInfo(QStringLiteral(BRINDLE_DESKTOP_FILE)).fileName());
     QCOMPARE(m_metainfo.value(u"name"_s), m_entry.value(u"Name"_s));
     QCOMPARE(m_metainfo.value(u"binary"_s), m_entry.value(u"Exec"_s).section(u' ', 0, 0));
     QCOMPARE(m_metainfo.value(u"release"_s), QCoreApplication::applicationVersion());
@@ -171,7 +172,8 @@ void TestDesktopIntegration::metainfoMatchesTheEntry()
     while (!xml.atEnd())
         if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"image") {
             const QString url = xml.readElementText();
-            const QString file = QStringLiteral(BRINDLE_SOURCE_DIR "/docs/images/") + url.section(u'/', -1);
+            const QString file =
+                QStringLiteral(BRINDLE_SOURCE_DIR "/docs/images/") + url.section(u'/', -1);
             QVERIFY2(QFileInfo::exists(file), qPrintable(url));
             ++screenshots;
         }
@@ -217,8 +219,9 @@ void TestDesktopIntegration::manPageNamesEveryOption()
     QVERIFY(options >= 4);
     // groff's own warnings about the page.
     const QString warnings = Run(u"sh"_s,
-                                 {u"-c"_s, u"LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings "
-                                           "-E UTF-8 -l -Tutf8 -Z \"$0\" 2>&1 >/dev/null"_s,
+                                 {u"-c"_s,
+                                  u"LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings "
+                                  "-E UTF-8 -l -Tutf8 -Z \"$0\" 2>&1 >/dev/null"_s,
                                   QStringLiteral(BRINDLE_MANPAGE)},
                                  &exitCode);
     QVERIFY2(exitCode == 0 && warnings.trimmed().isEmpty(), qPrintable(warnings));

@@ -115,11 +115,12 @@ void TestTranslations::everyTextIsTranslated()
     for (const TsMessage& message : m_extracted)
         if (!finished.value(message.context + u'\x1f' + message.source))
             missing.append(u"  \""_s + message.source + u'"');
-    QVERIFY2(missing.isEmpty(),
-             qPrintable(u"%1 text(s) without a finished translation in %2 (run `cmake --build build "
-                        "--target brindle_lupdate`, translate them, mark them finished):\n%3"_s
-                            .arg(missing.size())
-                            .arg(QFileInfo(tsFile).fileName(), missing.join(u'\n'))));
+    QVERIFY2(
+        missing.isEmpty(),
+        qPrintable(u"%1 text(s) without a finished translation in %2 (run `cmake --build build "
+                   "--target brindle_lupdate`, translate them, mark them finished):\n%3"_s
+                       .arg(missing.size())
+                       .arg(QFileInfo(tsFile).fileName(), missing.join(u'\n'))));
 }
 
 void TestTranslations::placeholdersMatch_data()
