@@ -997,5 +997,83 @@ Trotzdem löschen?</translation>
         <source>Coursework</source>
         <translation>Leistungen</translation>
     </message>
+    <message>
+        <source>Semester Information</source>
+        <translation>Semesterinformationen</translation>
+    </message>
+    <message>
+        <source>Semester Name: </source>
+        <translation>Semestername: </translation>
+    </message>
+    <message>
+        <source>Archive Semester</source>
+        <translation>Semester archivieren</translation>
+    </message>
+    <message>
+        <source>View Old Semester</source>
+        <translation>Altes Semester ansehen</translation>
+    </message>
+    <message>
+        <source>Edit Semester</source>
+        <translation>Semester bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Semester</source>
+        <translation>Semester löschen</translation>
+    </message>
+    <message>
+        <source>Archiving the current semester will make your current semester clear of courses
+Are you sure you want to archive the semester?</source>
+        <translation>Wenn Sie das aktuelle Semester archivieren, enthält Ihr aktuelles Semester keine Kurse mehr.
+Möchten Sie das Semester wirklich archivieren?</translation>
+    </message>
+    <message>
+        <source>Archive semester before exit?</source>
+        <translation>Semester vor dem Schließen archivieren?</translation>
+    </message>
+    <message>
+        <source>The semesters could not be saved; nothing was changed.</source>
+        <translation>Die Semester konnten nicht gespeichert werden; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Check the courses to archive.</source>
+        <translation>Markieren Sie die zu archivierenden Kurse.</translation>
+    </message>
+    <message>
+        <source>Fall %1</source>
+        <translation>Wintersemester %1</translation>
+    </message>
+    <message>
+        <source>Spring %1</source>
+        <translation>Sommersemester %1</translation>
+    </message>
+    <message>
+        <source>Semester Name Required</source>
+        <translation>Semestername erforderlich</translation>
+    </message>
+    <message>
+        <source>Course Order</source>
+        <translation>Kursreihenfolge</translation>
+    </message>
+    <message>
+        <source>Set the order for the courses.</source>
+        <translation>Legen Sie die Reihenfolge der Kurse fest.</translation>
+    </message>
+    <message>
+        <source>The course order could not be saved; nothing was changed.</source>
+        <translation>Die Kursreihenfolge konnte nicht gespeichert werden; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Tab Order</source>
+        <translation>Reihenfolge der Reiter</translation>
+    </message>
+    <message>
+        <source>Set the tab order for the main view.</source>
+        <translation>Legen Sie die Reihenfolge der Reiter im Hauptfenster fest.</translation>
+    </message>
+    <message>
+        <source>The tab order could not be saved; nothing was changed.</source>
+        <translation>Die Reihenfolge der Reiter konnte nicht gespeichert werden; nichts wurde geändert.</translation>
+    </message>
 </context>
 </TS>
