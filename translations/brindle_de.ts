@@ -1075,5 +1075,111 @@ Möchten Sie das Semester wirklich archivieren?</translation>
         <source>The tab order could not be saved; nothing was changed.</source>
         <translation>Die Reihenfolge der Reiter konnte nicht gespeichert werden; nichts wurde geändert.</translation>
     </message>
+    <message>
+        <source>Database Options</source>
+        <translation>Datenbankoptionen</translation>
+    </message>
+    <message>
+        <source>Backup Restore, and Clear all the courses from the database</source>
+        <translation>Sichern, Wiederherstellen und Löschen aller Kurse der Datenbank</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Clear Database</source>
+        <translation>Datenbank leeren</translation>
+    </message>
+    <message>
+        <source>Brindle %1-%2-%3.db</source>
+        <translation>Brindle %1-%2-%3.db</translation>
+    </message>
+    <message>
+        <source>Database Files (*.db)</source>
+        <translation>Datenbankdateien (*.db)</translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The database has been backed up</source>
+        <translation>Die Datenbank wurde gesichert</translation>
+    </message>
+    <message>
+        <source>The database could not be backed up to %1.
+%2</source>
+        <translation>Die Datenbank konnte nicht nach %1 gesichert werden.
+%2</translation>
+    </message>
+    <message>
+        <source>The database has been restored</source>
+        <translation>Die Datenbank wurde wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Restore failed!
+%1</source>
+        <translation>Wiederherstellen fehlgeschlagen!
+%1</translation>
+    </message>
+    <message>
+        <source>The database has been restored
+The previous database could not be removed; it is kept as %1.</source>
+        <translation>Die Datenbank wurde wiederhergestellt
+Die vorherige Datenbank konnte nicht entfernt werden; sie bleibt als %1 erhalten.</translation>
+    </message>
+    <message>
+        <source>Clearing a database will remove all the courses and this change cannot be undone.
+
+Are you sure you want to clear the databaes?</source>
+        <translation>Beim Leeren der Datenbank werden alle Kurse entfernt; das lässt sich nicht rückgängig machen.
+
+Möchten Sie die Datenbank wirklich leeren?</translation>
+    </message>
+    <message>
+        <source>The database has been cleared</source>
+        <translation>Die Datenbank wurde geleert</translation>
+    </message>
+    <message>
+        <source>The database could not be cleared; nothing was removed.
+%1</source>
+        <translation>Die Datenbank konnte nicht geleert werden; nichts wurde entfernt.
+%1</translation>
+    </message>
+    <message>
+        <source>The database cannot be opened again, so Brindle stops.
+%1</source>
+        <translation>Die Datenbank kann nicht wieder geöffnet werden; Brindle beendet sich.
+%1</translation>
+    </message>
+    <message>
+        <source>The application state of the database file %1 cannot be read.</source>
+        <translation>Der Programmzustand in der Datenbankdatei %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The Today item could not be switched on again: the settings file %1 cannot be written.</source>
+        <translation>Die Heute-Anzeige konnte nicht wieder eingeschaltet werden: Die Einstellungsdatei %1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The file %1 is in the way; move or rename it, then try again.</source>
+        <translation>Die Datei %1 ist im Weg; verschieben oder benennen Sie sie um und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2</source>
+        <translation>Die Datei %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be renamed to %2: %3</source>
+        <translation>Die Datei %1 kann nicht in %2 umbenannt werden: %3</translation>
+    </message>
+    <message>
+        <source>The file %1 is empty.</source>
+        <translation>Die Datei %1 ist leer.</translation>
+    </message>
 </context>
 </TS>
