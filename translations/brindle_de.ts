@@ -1181,5 +1181,205 @@ Möchten Sie die Datenbank wirklich leeren?</translation>
         <source>The file %1 is empty.</source>
         <translation>Die Datei %1 ist leer.</translation>
     </message>
+    <message>
+        <source>Grade Planner...</source>
+        <translation>Notenplaner...</translation>
+    </message>
+    <message>
+        <source>Grade &amp;Planner...</source>
+        <translation>Noten&amp;planer...</translation>
+    </message>
+    <message>
+        <source>Grade Planner</source>
+        <translation>Notenplaner</translation>
+    </message>
+    <message>
+        <source>&amp;Course:</source>
+        <translation>&amp;Kurs:</translation>
+    </message>
+    <message>
+        <source>What do I need?</source>
+        <translation>Was brauche ich?</translation>
+    </message>
+    <message>
+        <source>The lowest percent to get on every coursework not graded yet, for each grade:</source>
+        <translation>Die niedrigsten Prozent, die jede noch unbewertete Leistung erreichen muss, für jede Note:</translation>
+    </message>
+    <message>
+        <source>You need</source>
+        <translation>Sie brauchen</translation>
+    </message>
+    <message>
+        <source>already secured</source>
+        <translation>schon sicher</translation>
+    </message>
+    <message>
+        <source>not reachable</source>
+        <translation>nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>For %1 (at least %2%) you need %3% on each of the %4 coursework not graded yet.</source>
+        <translation>Für %1 (mindestens %2%) brauchen Sie %3% bei jeder der %4 noch unbewerteten Leistungen.</translation>
+    </message>
+    <message>
+        <source>%1 (at least %2%) is already secured: even 0% on everything not graded yet keeps it.</source>
+        <translation>%1 (mindestens %2%) ist schon sicher: Selbst 0% bei allem noch Unbewerteten halten sie.</translation>
+    </message>
+    <message>
+        <source>%1 (at least %2%) is not reachable: 100% on everything not graded yet gives %3.</source>
+        <translation>%1 (mindestens %2%) ist nicht erreichbar: 100% bei allem noch Unbewerteten ergeben %3.</translation>
+    </message>
+    <message>
+        <source>The answers give the same percent to each of these:</source>
+        <translation>Die Antworten geben jeder dieser Leistungen dieselben Prozent:</translation>
+    </message>
+    <message>
+        <source>%1: %2 (out of %3)</source>
+        <translation>%1: %2 (von %3)</translation>
+    </message>
+    <message>
+        <source>Nothing is left to grade: every answer is the grade as it stands.</source>
+        <translation>Es ist nichts mehr zu bewerten: Jede Antwort ist die Note, wie sie steht.</translation>
+    </message>
+    <message>
+        <source>With drops, a higher percent can now and then give a lower grade (another score becomes the one dropped). Each answer holds for every higher percent too.</source>
+        <translation>Mit Streichungen kann ein höherer Prozentwert mitunter eine schlechtere Note ergeben (dann wird ein anderes Ergebnis gestrichen). Jede Antwort gilt auch für jeden höheren Prozentwert.</translation>
+    </message>
+    <message>
+        <source>Some of the course&apos;s records could not be read; the answers may be incomplete.</source>
+        <translation>Einige Datensätze des Kurses konnten nicht gelesen werden; die Antworten können unvollständig sein.</translation>
+    </message>
+    <message>
+        <source>Best case (100% on everything not graded yet): %1</source>
+        <translation>Bester Fall (100% bei allem noch Unbewerteten): %1</translation>
+    </message>
+    <message>
+        <source>Worst case (0% on everything not graded yet): %1</source>
+        <translation>Schlechtester Fall (0% bei allem noch Unbewerteten): %1</translation>
+    </message>
+    <message>
+        <source>Now: %1</source>
+        <translation>Jetzt: %1</translation>
+    </message>
+    <message>
+        <source>Final grade between %1 and %2</source>
+        <translation>Endnote zwischen %1 und %2</translation>
+    </message>
+    <message>
+        <source>Target semester GPA</source>
+        <translation>Angestrebter Semesterschnitt</translation>
+    </message>
+    <message>
+        <source>&amp;Target GPA:</source>
+        <translation>&amp;Ziel-Schnitt:</translation>
+    </message>
+    <message>
+        <source>Type the semester GPA you aim for.</source>
+        <translation>Geben Sie den Semesterschnitt ein, den Sie anstreben.</translation>
+    </message>
+    <message>
+        <source>Enter a GPA of 0 or more.</source>
+        <translation>Geben Sie einen Schnitt von 0 oder mehr ein.</translation>
+    </message>
+    <message>
+        <source>The semester has no courses.</source>
+        <translation>Das Semester hat keine Kurse.</translation>
+    </message>
+    <message>
+        <source>Already secured: even 0% on everything not graded yet gives a GPA of %1.</source>
+        <translation>Schon sicher: Selbst 0% bei allem noch Unbewerteten ergeben einen Schnitt von %1.</translation>
+    </message>
+    <message>
+        <source>Reachable with %1% on everything not graded yet, in every course (GPA %2). Each course then gets:</source>
+        <translation>Erreichbar mit %1% bei allem noch Unbewerteten in jedem Kurs (Schnitt %2). Jeder Kurs erhält dann:</translation>
+    </message>
+    <message>
+        <source>Not reachable: 100% on everything not graded yet gives a GPA of %1.</source>
+        <translation>Nicht erreichbar: 100% bei allem noch Unbewerteten ergeben einen Schnitt von %1.</translation>
+    </message>
+    <message>
+        <source>Not reachable: no course has a grade to count.</source>
+        <translation>Nicht erreichbar: Kein Kurs hat eine Note, die zählt.</translation>
+    </message>
+    <message>
+        <source>Worth checking in the grading policy:</source>
+        <translation>Im Bewertungsschema zu prüfen:</translation>
+    </message>
+    <message>
+        <source>The weights of the graded types add up to %1, not 100. Each type counts in proportion to its weight.</source>
+        <translation>Die Gewichte der bewerteten Leistungsarten ergeben zusammen %1, nicht 100. Jede Art zählt im Verhältnis zu ihrem Gewicht.</translation>
+    </message>
+    <message>
+        <source>Every graded type has weight 0, so the grade is 0% whatever the scores.</source>
+        <translation>Jede bewertete Leistungsart hat das Gewicht 0, daher ist die Note 0%, gleich welche Ergebnisse.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has weight 0: its coursework does not count toward the grade.</source>
+        <translation>„%1“ hat das Gewicht 0: Ihre Leistungen zählen nicht zur Note.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no coursework.</source>
+        <translation>„%1“ hat keine Leistungen.</translation>
+    </message>
+    <message>
+        <source>%1 coursework of &quot;%2&quot; have weight 0 and do not count under Per Item weighting.</source>
+        <translation>%1 Leistungen von „%2“ haben das Gewicht 0 und zählen bei der Gewichtung „Je Leistung“ nicht.</translation>
+    </message>
+    <message>
+        <source>No coursework of &quot;%1&quot; has a weight, so under Per Item weighting its grade is 0 divided by 0 and the course shows no grade. Give its coursework a weight.</source>
+        <translation>Keine Leistung von „%1“ hat ein Gewicht; bei der Gewichtung „Je Leistung“ ist die Note daher 0 geteilt durch 0 und der Kurs zeigt keine Note. Geben Sie den Leistungen ein Gewicht.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; drops %2, but only %3 of its coursework are graded: a drop only removes a score below the type&apos;s average, so not every drop can be used.</source>
+        <translation>„%1“ streicht %2, aber nur %3 ihrer Leistungen sind bewertet: Eine Streichung entfernt nur ein Ergebnis unter dem Durchschnitt der Art, daher kann nicht jede Streichung genutzt werden.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has drops, but drops have no effect under Per Item weighting.</source>
+        <translation>„%1“ hat Streichungen, aber bei der Gewichtung „Je Leistung“ wirken Streichungen nicht.</translation>
+    </message>
+    <message>
+        <source>The minimum for %1 (%2%) is not below the minimum for %3 (%4%), so %1 is never given.</source>
+        <translation>Das Minimum für %1 (%2%) liegt nicht unter dem Minimum für %3 (%4%), daher wird %1 nie vergeben.</translation>
+    </message>
+    <message>
+        <source>• %1</source>
+        <translation>• %1</translation>
+    </message>
+    <message>
+        <source>How the grade is worked out</source>
+        <translation>So wird die Note berechnet</translation>
+    </message>
+    <message>
+        <source>adds %1 to the course percent</source>
+        <translation>trägt %1 zum Kursprozent bei</translation>
+    </message>
+    <message>
+        <source>nothing graded yet: not counted</source>
+        <translation>noch nichts bewertet: zählt nicht</translation>
+    </message>
+    <message>
+        <source>%1 / %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 / %2, weight %3</source>
+        <translation>%1 / %2, Gewicht %3</translation>
+    </message>
+    <message>
+        <source>counted</source>
+        <translation>gezählt</translation>
+    </message>
+    <message>
+        <source>counted (predicted score)</source>
+        <translation>gezählt (prognostiziertes Ergebnis)</translation>
+    </message>
+    <message>
+        <source>dropped: below the type&apos;s average, and dropping it raised the average most</source>
+        <translation>gestrichen: unter dem Durchschnitt der Art, und das Streichen hob den Durchschnitt am meisten</translation>
+    </message>
+    <message>
+        <source>not graded yet</source>
+        <translation>noch nicht bewertet</translation>
+    </message>
 </context>
 </TS>
