@@ -1315,7 +1315,7 @@ Möchten Sie die Datenbank wirklich leeren?</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has weight 0: its coursework does not count toward the grade.</source>
-        <translation>„%1“ hat das Gewicht 0: Ihre Leistungen zählen nicht zur Note.</translation>
+        <translation>„%1“ hat das Gewicht 0: ihre Leistungen zählen nicht zur Note.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has no coursework.</source>
