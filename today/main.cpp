@@ -5,6 +5,7 @@
 #include "ReadOnlyDatabase.h"
 #include "TodayTray.h"
 #include "res/Resources.h"
+#include "res/Translations.h"
 #include "res/strings/TodayStrings.h"
 
 #include <QApplication>
@@ -51,6 +52,10 @@ int main(int argc, char* argv[])
     // Brindle's name, so that the default database is Brindle's own.
     QCoreApplication::setApplicationName(QStringLiteral("Brindle"));
     QCoreApplication::setApplicationVersion(QStringLiteral(BRINDLE_VERSION));
+    // The translations live in the resources; both are in place before the
+    // options are read, so that --help and the list speak the user's language.
+    InitBrindleResources();
+    InstallTranslators();
 
     QCommandLineParser parser;
     parser.addHelpOption();
@@ -86,7 +91,6 @@ int main(int argc, char* argv[])
     if (parser.isSet(list))
         return PrintList(dayCount, parser.isSet(json));
 
-    InitBrindleResources();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationDisplayName(TodayStrings::Title());
     CDueNotifier notifier(QDBusConnection::sessionBus(), CDueNotifier::DefaultStateFile());

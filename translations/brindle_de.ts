@@ -770,10 +770,6 @@ Trotzdem löschen?</translation>
         <translation>Die Notenskala braucht mindestens eine Note. Fügen Sie eine Note hinzu oder wählen Sie eine Skala aus der Liste.</translation>
     </message>
     <message>
-        <source>The institution information could not be saved; nothing was changed.</source>
-        <translation>Die Angaben zur Hochschule konnten nicht gespeichert werden; nichts wurde geändert.</translation>
-    </message>
-    <message>
         <source>Show GPA With Hours</source>
         <translation>Schnitt mit Stunden zeigen</translation>
     </message>
@@ -892,10 +888,6 @@ Trotzdem löschen?</translation>
     <message>
         <source>The database file %1 was written by a newer version of Brindle.</source>
         <translation>Die Datenbankdatei %1 wurde von einer neueren Version von Brindle geschrieben.</translation>
-    </message>
-    <message>
-        <source>The tables of the database file %1 cannot be created.</source>
-        <translation>Die Tabellen der Datenbankdatei %1 können nicht angelegt werden.</translation>
     </message>
     <message>
         <source>All Courses</source>
@@ -1380,6 +1372,310 @@ Möchten Sie die Datenbank wirklich leeren?</translation>
     <message>
         <source>not graded yet</source>
         <translation>noch nicht bewertet</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>The change could not be saved (%1). Nothing was changed.</source>
+        <translation>Die Änderung konnte nicht gespeichert werden (%1). Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Only a number can be typed here.</source>
+        <translation>Hier kann nur eine Zahl eingegeben werden.</translation>
+    </message>
+    <message>
+        <source>Grade Prediction Mode: scores typed here are only tried out and are not saved.</source>
+        <translation>Notenprognose-Modus: Hier eingegebene Punkte werden nur ausprobiert und nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Tasks</source>
+        <translation>Aufgaben</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
+        <source>Failed to create Task!</source>
+        <translation>Aufgabe konnte nicht erstellt werden!</translation>
+    </message>
+    <message>
+        <source>Failed to create appointment!</source>
+        <translation>Termin konnte nicht erstellt werden!</translation>
+    </message>
+    <message>
+        <source>Failed to create Contact!</source>
+        <translation>Kontakt konnte nicht erstellt werden!</translation>
+    </message>
+    <message>
+        <source>Failed to update Task!</source>
+        <translation>Aufgabe konnte nicht aktualisiert werden!</translation>
+    </message>
+    <message>
+        <source>Failed to update appointment!</source>
+        <translation>Termin konnte nicht aktualisiert werden!</translation>
+    </message>
+    <message>
+        <source>Failed to update Contact!</source>
+        <translation>Kontakt konnte nicht aktualisiert werden!</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>Office Hours:<byte value="xd"/>
+</source>
+        <translation>Sprechstunden:<byte value="xd"/>
+</translation>
+    </message>
+    <message>
+        <source>%1 - %2 on %3</source>
+        <translation>%3, %1 - %2</translation>
+    </message>
+    <message>
+        <source>Brindle Tasks</source>
+        <translation>Brindle-Aufgaben</translation>
+    </message>
+    <message>
+        <source>Brindle Calendar</source>
+        <translation>Brindle-Kalender</translation>
+    </message>
+    <message>
+        <source>Brindle Contacts</source>
+        <translation>Brindle-Kontakte</translation>
+    </message>
+    <message>
+        <source>Export Folders...</source>
+        <translation>Export-Ordner...</translation>
+    </message>
+    <message>
+        <source>Export Folders</source>
+        <translation>Export-Ordner</translation>
+    </message>
+    <message>
+        <source>Brindle writes each exported task, appointment and contact as one file into these folders. Point them at the folders (vdir collections) that khal, todoman, khard or vdirsyncer use, or leave a field empty for Brindle&apos;s own folder.</source>
+        <translation>Brindle schreibt jede exportierte Aufgabe, jeden Termin und jeden Kontakt als eine Datei in diese Ordner. Geben Sie die Ordner (vdir-Sammlungen) an, die khal, todoman, khard oder vdirsyncer verwenden, oder lassen Sie ein Feld leer, um Brindles eigenen Ordner zu verwenden.</translation>
+    </message>
+    <message>
+        <source>Tasks: </source>
+        <translation>Aufgaben: </translation>
+    </message>
+    <message>
+        <source>Calendar: </source>
+        <translation>Kalender: </translation>
+    </message>
+    <message>
+        <source>Contacts: </source>
+        <translation>Kontakte: </translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Choose a Folder</source>
+        <translation>Ordner wählen</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be created or written.
+Please choose another folder.</source>
+        <translation>Der Ordner %1 kann nicht angelegt oder beschrieben werden.
+Bitte wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The folders could not be saved in %1.</source>
+        <translation>Die Ordner konnten nicht in %1 gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>The tables of the database file %1 cannot be created: %2</source>
+        <translation>Die Tabellen der Datenbankdatei %1 können nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>The settings record of the database file %1 cannot be read: %2</source>
+        <translation>Der Einstellungsdatensatz der Datenbankdatei %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The database path %1 is a folder, not a file.</source>
+        <translation>Der Datenbankpfad %1 ist ein Ordner, keine Datei.</translation>
+    </message>
+    <message>
+        <source>the folder %1 cannot be made</source>
+        <translation>der Ordner %1 kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>The database file %1 is read-only, or its folder is: Brindle could not save any change. Make both writable and start Brindle again.</source>
+        <translation>Die Datenbankdatei %1 oder ihr Ordner ist schreibgeschützt: Brindle konnte keine Änderung speichern. Machen Sie beide beschreibbar und starten Sie Brindle erneut.</translation>
+    </message>
+    <message>
+        <source>The database file %1 is in use by another program, which keeps it locked. Close that program (or wait until it is done) and start Brindle again. The file is not damaged.</source>
+        <translation>Die Datenbankdatei %1 wird von einem anderen Programm verwendet, das sie gesperrt hält. Schließen Sie dieses Programm (oder warten Sie, bis es fertig ist) und starten Sie Brindle erneut. Die Datei ist nicht beschädigt.</translation>
+    </message>
+    <message>
+        <source>The database file %1 is already open in another Brindle window. Use that window, or close it and start Brindle again.</source>
+        <translation>Die Datenbankdatei %1 ist bereits in einem anderen Brindle-Fenster geöffnet. Verwenden Sie dieses Fenster, oder schließen Sie es und starten Sie Brindle erneut.</translation>
+    </message>
+    <message>
+        <source>a part of the change could not be written</source>
+        <translation>ein Teil der Änderung konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the database ended the change before it was complete</source>
+        <translation>die Datenbank hat die Änderung vor ihrem Abschluss beendet</translation>
+    </message>
+    <message>
+        <source>the database has no record numbers left</source>
+        <translation>die Datenbank hat keine freien Datensatznummern mehr</translation>
+    </message>
+    <message>
+        <source>the record is missing</source>
+        <translation>der Datensatz fehlt</translation>
+    </message>
+    <message>
+        <source>no database is open</source>
+        <translation>es ist keine Datenbank geöffnet</translation>
+    </message>
+    <message>
+        <source>Brindle Today</source>
+        <translation>Brindle Heute</translation>
+    </message>
+    <message>
+        <source>Nothing due</source>
+        <translation>Nichts fällig</translation>
+    </message>
+    <message>
+        <source>past due</source>
+        <translation>überfällig</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>Open the coursework with this ID in its editor on start.</source>
+        <translation>Beim Start die Leistung mit dieser ID in ihrem Editor öffnen.</translation>
+    </message>
+    <message>
+        <source>The database file %1 does not exist.</source>
+        <translation>Die Datenbankdatei %1 existiert nicht.</translation>
+    </message>
+    <message>
+        <source>The database file %1 could not be opened for reading only.</source>
+        <translation>Die Datenbankdatei %1 konnte nicht schreibgeschützt geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The database is not open.</source>
+        <translation>Die Datenbank ist nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>The coursework could not be read from the database.</source>
+        <translation>Die Leistungen konnten nicht aus der Datenbank gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 (%2), due %3</source>
+        <translation>%1 (%2), fällig %3</translation>
+    </message>
+    <message>
+        <source>Brindle: %1 due, %2 of them past due</source>
+        <translation>Brindle: %1 fällig, davon %2 überfällig</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>The notices sent could not be remembered in %1.</source>
+        <translation>Die gesendeten Benachrichtigungen konnten nicht in %1 vermerkt werden.</translation>
+    </message>
+    <message>
+        <source>The notices sent before could not be read from %1.</source>
+        <translation>Die zuvor gesendeten Benachrichtigungen konnten nicht aus %1 gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Give desktop notices these numbers of minutes before a due time (comma-separated; default 1440,60).</source>
+        <translation>Desktop-Benachrichtigungen so viele Minuten vor einem Fälligkeitstermin geben (durch Kommas getrennt; Standard 1440,60).</translation>
+    </message>
+    <message>
+        <source>--notify wants minutes such as 1440,60, not &quot;%1&quot;.</source>
+        <translation>--notify erwartet Minuten wie 1440,60, nicht „%1“.</translation>
+    </message>
+    <message>
+        <source>Today Companion...</source>
+        <translation>Heute-Begleiter...</translation>
+    </message>
+    <message>
+        <source>Today Companion</source>
+        <translation>Heute-Begleiter</translation>
+    </message>
+    <message>
+        <source>Brindle Today sits in the system tray, lists the coursework due in the coming days and gives a notice before each due time.</source>
+        <translation>Brindle Heute sitzt im Infobereich, listet die in den nächsten Tagen fälligen Leistungen auf und gibt vor jedem Fälligkeitstermin eine Benachrichtigung.</translation>
+    </message>
+    <message>
+        <source>Start the Today companion at log-in</source>
+        <translation>Heute-Begleiter bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>The companion&apos;s start entry %1 is missing; is Brindle installed whole?</source>
+        <translation>Der Starteintrag %1 des Begleiters fehlt; ist Brindle vollständig installiert?</translation>
+    </message>
+    <message>
+        <source>The start entry %1 could not be written.</source>
+        <translation>Der Starteintrag %1 konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The start entry %1 could not be removed.</source>
+        <translation>Der Starteintrag %1 konnte nicht entfernt werden.</translation>
+    </message>
+    <message>
+        <source>&amp;Open Brindle</source>
+        <translation>Brindle ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Brindle could not be started.</source>
+        <translation>Brindle konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Print the list of coursework due and exit.</source>
+        <translation>Die Liste der fälligen Leistungen ausgeben und beenden.</translation>
+    </message>
+    <message>
+        <source>List what is due within the next N days (default 7).</source>
+        <translation>Auflisten, was in den nächsten N Tagen fällig ist (Standard 7).</translation>
+    </message>
+    <message>
+        <source>With --list: print JSON instead of plain text.</source>
+        <translation>Mit --list: JSON statt reinem Text ausgeben.</translation>
+    </message>
+    <message>
+        <source>Read the database FILE instead of the default one.</source>
+        <translation>Die Datenbank FILE statt der voreingestellten lesen.</translation>
+    </message>
+    <message>
+        <source>--days wants a whole number from 0 to 3650, not &quot;%1&quot;.</source>
+        <translation>--days erwartet eine ganze Zahl von 0 bis 3650, nicht „%1“.</translation>
     </message>
 </context>
 </TS>
