@@ -10,12 +10,15 @@ trap 'rm -rf "$work"' EXIT
 
 dpkg-deb -x "$deb" "$work/root"
 program="$work/root/usr/bin/brindle"
-for file in usr/share/brindle/Brindle.htm usr/share/brindle/GradeScales.txt \
+companion="$work/root/usr/bin/brindle-today"
+for file in usr/bin/brindle usr/bin/brindle-today \
+    usr/share/brindle/Brindle.htm usr/share/brindle/GradeScales.txt \
+    usr/share/brindle/brindle-today.desktop \
     usr/share/applications/app.brindle.Brindle.desktop \
     usr/share/metainfo/app.brindle.Brindle.metainfo.xml \
     usr/share/icons/hicolor/scalable/apps/app.brindle.Brindle.svg \
     usr/share/icons/hicolor/48x48/apps/app.brindle.Brindle.png \
-    usr/share/man/man1/brindle.1.gz; do
+    usr/share/man/man1/brindle.1.gz usr/share/man/man1/brindle-today.1.gz; do
     test -s "$work/root/$file" || { echo "missing from the package: $file" >&2; exit 1; }
 done
 
@@ -26,6 +29,13 @@ test -s "$work/main.png" || { echo "the unpacked program drew no window" >&2; ex
 # German from the package's own translations.
 LANGUAGE=de LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen "$program" --help | grep -q "Datenbank" ||
     { echo "the unpacked program does not speak German" >&2; exit 1; }
+# The companion reads the database the program made, in both languages.
+env -u BRINDLE_DATABASE HOME="$work/home" LANGUAGE= LC_ALL=C.UTF-8 \
+    "$companion" --list --database "$work/fresh.db" | grep -q "Nothing due" ||
+    { echo "the unpacked companion does not list the fresh database" >&2; exit 1; }
+env -u BRINDLE_DATABASE HOME="$work/home" LANGUAGE=de LC_ALL=C.UTF-8 \
+    "$companion" --list --database "$work/fresh.db" | grep -q "Nichts fällig" ||
+    { echo "the unpacked companion does not speak German" >&2; exit 1; }
 echo "unpacked package runs: $(basename "$deb")"
 
 # Errors fail; warnings would be shown. What lintian -I still notes is

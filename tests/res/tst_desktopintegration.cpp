@@ -93,6 +93,7 @@ private slots:
     void metainfoMatchesTheEntry();
     void iconsAreRenderedAtTheirSizes_data();
     void iconsAreRenderedAtTheirSizes();
+    void manPageNamesEveryOption_data();
     void manPageNamesEveryOption();
 
 private:
@@ -116,6 +117,8 @@ void TestDesktopIntegration::validatorsAccept_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("desktop entry")
         << u"desktop-file-validate"_s << QStringList{QStringLiteral(BRINDLE_DESKTOP_FILE)};
+    QTest::newRow("companion's start entry")
+        << u"desktop-file-validate"_s << QStringList{QStringLiteral(BRINDLE_TODAY_DESKTOP_FILE)};
     QTest::newRow("metainfo") << u"appstreamcli"_s
                               << QStringList{u"validate"_s, u"--no-net"_s, u"--explain"_s,
                                              QStringLiteral(BRINDLE_METAINFO)};
@@ -146,6 +149,10 @@ void TestDesktopIntegration::entryMatchesTheRunningProgram()
     QCOMPARE(m_entry.value(u"Categories"_s), u"Education;Office;"_s);
     QVERIFY(!m_entry.value(u"Keywords"_s).isEmpty());
     QVERIFY(!QApplication::windowIcon().isNull());
+    // The companion shows the same icon, by the name the package installs.
+    const auto companion = ReadDesktopEntry(QStringLiteral(BRINDLE_TODAY_DESKTOP_FILE));
+    QCOMPARE(companion.value(u"Icon"_s), ApplicationIdentity::DesktopFileName());
+    QCOMPARE(companion.value(u"Exec"_s), u"brindle-today"_s);
     // The window icon is the icon the entry installs.
     QFile installed(QStringLiteral(BRINDLE_SOURCE_DIR "/data/") +
                     ApplicationIdentity::DesktopFileName() + u".svg"_s);
@@ -201,12 +208,23 @@ void TestDesktopIntegration::iconsAreRenderedAtTheirSizes()
     QVERIFY(qAlpha(icon.pixel(size / 2, size / 2)) > 0);
 }
 
+void TestDesktopIntegration::manPageNamesEveryOption_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QString>("manPage");
+    QTest::newRow("brindle") << QStringLiteral(BRINDLE_PROGRAM) << QStringLiteral(BRINDLE_MANPAGE);
+    QTest::newRow("brindle-today")
+        << QStringLiteral(BRINDLE_TODAY_PROGRAM) << QStringLiteral(BRINDLE_TODAY_MANPAGE);
+}
+
 void TestDesktopIntegration::manPageNamesEveryOption()
 {
+    QFETCH(QString, program);
+    QFETCH(QString, manPage);
     int exitCode = 0;
-    const QString help = Run(QStringLiteral(BRINDLE_PROGRAM), {u"--help"_s}, &exitCode);
+    const QString help = Run(program, {u"--help"_s}, &exitCode);
     QCOMPARE(exitCode, 0);
-    QFile page(QStringLiteral(BRINDLE_MANPAGE));
+    QFile page(manPage);
     QVERIFY(page.open(QIODevice::ReadOnly));
     // roff writes "-" as "\-".
     const QString text = QString::fromUtf8(page.readAll()).remove(u'\\');
@@ -222,7 +240,7 @@ void TestDesktopIntegration::manPageNamesEveryOption()
                                  {u"-c"_s,
                                   u"LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings "
                                   "-E UTF-8 -l -Tutf8 -Z \"$0\" 2>&1 >/dev/null"_s,
-                                  QStringLiteral(BRINDLE_MANPAGE)},
+                                  manPage},
                                  &exitCode);
     QVERIFY2(exitCode == 0 && warnings.trimmed().isEmpty(), qPrintable(warnings));
 }
