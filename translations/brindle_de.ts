@@ -1677,5 +1677,9 @@ Bitte wählen Sie einen anderen Ordner.</translation>
         <source>--days wants a whole number from 0 to 3650, not &quot;%1&quot;.</source>
         <translation>--days erwartet eine ganze Zahl von 0 bis 3650, nicht „%1“.</translation>
     </message>
+    <message>
+        <source>Choose the folder for %1</source>
+        <translation>Ordner für %1 wählen</translation>
+    </message>
 </context>
 </TS>
