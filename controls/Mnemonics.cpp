@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenuBar>
 #include <QSet>
 #include <QTabBar>
 #include <QWidget>
@@ -15,6 +16,8 @@ void SetText(const Entry& entry, const QString& text)
 {
     if (auto* tabs = qobject_cast<QTabBar*>(entry.widget))
         tabs->setTabText(entry.tab, text);
+    else if (auto* bar = qobject_cast<QMenuBar*>(entry.widget))
+        bar->actions().at(entry.tab)->setText(text);
     else if (auto* label = qobject_cast<QLabel*>(entry.widget))
         label->setText(text);
     else if (auto* box = qobject_cast<QGroupBox*>(entry.widget))
@@ -51,6 +54,12 @@ QList<Entry> Collect(QWidget* window)
         } else if (auto* tabs = qobject_cast<QTabBar*>(widget)) {
             for (int i = 0; i < tabs->count(); ++i)
                 entries.append({tabs, i, tabs->tabText(i)});
+        } else if (auto* bar = qobject_cast<QMenuBar*>(widget)) {
+            // An editor's menus open with Alt too: their letters are taken.
+            const QList<QAction*> actions = bar->actions();
+            for (int i = 0; i < actions.size(); ++i)
+                if (actions[i]->isVisible() && !actions[i]->text().isEmpty())
+                    entries.append({bar, i, actions[i]->text()});
         } else if (auto* box = qobject_cast<QGroupBox*>(widget)) {
             if (box->isCheckable())
                 entries.append({box, -1, box->title()});

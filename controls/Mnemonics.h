@@ -17,12 +17,12 @@ namespace Mnemonics {
 struct Entry
 {
     QWidget* widget = nullptr;
-    int tab = -1; // the tab's index when the text is a tab's
+    int tab = -1; // the tab's (or menu bar title's) index when the text is one
     QString text;
 };
 
 // The texts of `window` that take a mnemonic: labels with a buddy, buttons,
-// check and radio boxes, checkable group boxes, tabs.
+// check and radio boxes, checkable group boxes, tabs, menu bar titles.
 QList<Entry> Collect(QWidget* window);
 
 // The mnemonic letter of a text (lower case), or a null QChar. "&&" is a

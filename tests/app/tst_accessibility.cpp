@@ -224,23 +224,40 @@ void TestAccessibility::everyDialogOfTheMenus()
 void TestAccessibility::mnemonicsAreGivenOnceEach_data()
 {
     QTest::addColumn<QStringList>("texts");
-    QTest::newRow("distinct words") << QStringList{u"Name: "_s, u"Weight: "_s, u"Delete"_s};
-    QTest::newRow("same first letters") << QStringList{u"Move Up"_s, u"Move Down"_s, u"Minimum"_s};
-    QTest::newRow("one already given") << QStringList{u"&Delete"_s, u"Details"_s, u"Drops: "_s};
-    QTest::newRow("an ampersand in the text") << QStringList{u"R&&D"_s, u"Rooms && Times"_s};
-    QTest::newRow("German") << QStringList{u"Übernehmen"_s, u"Überfällig"_s, u"Öffnen"_s};
+    QTest::addColumn<QStringList>("menus"); // an editor's menu bar, letters given
+    QTest::newRow("distinct words")
+        << QStringList{u"Name: "_s, u"Weight: "_s, u"Delete"_s} << QStringList{};
+    QTest::newRow("same first letters")
+        << QStringList{u"Move Up"_s, u"Move Down"_s, u"Minimum"_s} << QStringList{};
+    QTest::newRow("one already given")
+        << QStringList{u"&Delete"_s, u"Details"_s, u"Drops: "_s} << QStringList{};
+    QTest::newRow("an ampersand in the text")
+        << QStringList{u"R&&D"_s, u"Rooms && Times"_s} << QStringList{};
+    QTest::newRow("German") << QStringList{u"Übernehmen"_s, u"Überfällig"_s, u"Öffnen"_s}
+                            << QStringList{};
+    QTest::newRow("beside an editor's menus")
+        << QStringList{u"Edit"_s, u"Add"_s} << QStringList{u"&Export"_s, u"&Add"_s};
 }
 
 void TestAccessibility::mnemonicsAreGivenOnceEach()
 {
     QFETCH(QStringList, texts);
+    QFETCH(QStringList, menus);
     QDialog dialog;
     dialog.setObjectName(u"dialog"_s);
     QList<QPushButton*> buttons;
     for (const QString& text : texts)
         buttons << new QPushButton(text, &dialog);
-    Mnemonics::Assign(&dialog);
     QSet<QChar> letters;
+    auto* bar = new QMenuBar(&dialog);
+    for (const QString& title : menus) {
+        bar->addMenu(title);
+        letters.insert(Mnemonics::LetterOf(title));
+    }
+    Mnemonics::Assign(&dialog);
+    // The menus keep the letters they had.
+    for (int i = 0; i < menus.size(); ++i)
+        QCOMPARE(bar->actions().at(i)->text(), menus[i]);
     for (int i = 0; i < buttons.size(); ++i) {
         const QString text = buttons[i]->text();
         const QChar letter = Mnemonics::LetterOf(text);
