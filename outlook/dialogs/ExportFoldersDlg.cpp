@@ -42,8 +42,8 @@ ExportFoldersDlg::ExportFoldersDlg(QWidget* parent)
                                   .replace(QStringLiteral("Edit"), QStringLiteral("Browse")));
         browse->setAutoDefault(false);
         // Three buttons read "Browse...": each says which folder it chooses.
-        browse->setAccessibleName(ExportStrings::BrowseAccessibleName(
-            labels[row].trimmed().remove(QLatin1Char(':'))));
+        browse->setAccessibleName(
+            ExportStrings::BrowseAccessibleName(labels[row].trimmed().remove(QLatin1Char(':'))));
         connect(browse, &QPushButton::clicked, this, [this, edit] { Browse(edit); });
         grid->addWidget(label, row, 0);
         grid->addWidget(edit, row, 1);
