@@ -40,12 +40,14 @@ int PrintList(int days, bool json)
 
 int main(int argc, char* argv[])
 {
-    // The terminal mode needs no display: only the tray makes a QApplication.
+    // The terminal mode, and the help a man page points to, need no display:
+    // only the tray makes a QApplication.
     std::unique_ptr<QCoreApplication> app;
-    bool listOnly = false;
+    bool terminalOnly = false;
     for (int i = 1; i < argc; ++i)
-        listOnly = listOnly || qstrcmp(argv[i], "--list") == 0;
-    if (listOnly)
+        for (const char* option : {"--list", "--help", "-h", "--version", "-v"})
+            terminalOnly = terminalOnly || qstrcmp(argv[i], option) == 0;
+    if (terminalOnly)
         app = std::make_unique<QCoreApplication>(argc, argv);
     else
         app = std::make_unique<QApplication>(argc, argv);
