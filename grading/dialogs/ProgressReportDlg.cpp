@@ -96,6 +96,8 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     QFont headingFont = calculationHeading->font();
     headingFont.setBold(true);
     calculationHeading->setFont(headingFont);
+    // The heading names the tree below it for a screen reader too.
+    m_calculation->setAccessibleName(PlannerStrings::CalculationHeading());
 
     const int line = fontMetrics().height();
     auto* image = new QLabel(this);

@@ -236,7 +236,7 @@ void TestAccessibility::mnemonicsAreGivenOnceEach_data()
     QTest::newRow("German") << QStringList{u"Übernehmen"_s, u"Überfällig"_s, u"Öffnen"_s}
                             << QStringList{};
     QTest::newRow("beside an editor's menus")
-        << QStringList{u"Edit"_s, u"Add"_s} << QStringList{u"&Export"_s, u"&Add"_s};
+        << QStringList{u"Edit"_s, u"Apply"_s} << QStringList{u"&Export"_s, u"&Add"_s};
 }
 
 void TestAccessibility::mnemonicsAreGivenOnceEach()
