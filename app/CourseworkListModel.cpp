@@ -32,6 +32,8 @@ QVariant CCourseworkListModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return row->text;
+    case Qt::AccessibleTextRole:
+        return CCourseworkDelegate::SpokenText(index);
     case Qt::ToolTipRole:
         return !row->isHeader && row->scoreSource != 0 ? ViewStrings::PredictedTip() : QVariant();
     case CCourseworkDelegate::HeaderRole:

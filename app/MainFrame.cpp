@@ -15,7 +15,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -30,7 +29,6 @@ CMainFrame::CMainFrame(QWidget* parent) : QMainWindow(parent), m_view(new CMainV
 {
     setObjectName(QStringLiteral("CMainFrame"));
     setWindowTitle(AppStrings::AppTitle());
-    setWindowIcon(QIcon(QStringLiteral(":/images/brindle.svg")));
     setCentralWidget(m_view);
 
     BuildActions();

@@ -53,6 +53,12 @@ CMainView::CMainView(QWidget* parent)
     m_banner->setObjectName(QStringLiteral("banner"));
     m_list->setObjectName(QStringLiteral("courseworkList"));
     m_list->setModel(m_model);
+    // The controls have no labels on screen; screen readers get their names.
+    m_tabs->setAccessibleName(ViewStrings::TabsName());
+    m_courses->setAccessibleName(ViewStrings::CourseSelectorName());
+    m_types->setAccessibleName(StoreStrings::TabCwType());
+    m_dueBy->setAccessibleName(StoreStrings::TabDueBy());
+    m_list->setAccessibleName(ViewStrings::ListName());
 
     const int line = fontMetrics().height();
     m_tabs->setExpanding(false);

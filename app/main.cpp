@@ -1,3 +1,4 @@
+#include "ApplicationIdentity.h"
 #include "BrindleData.h"
 #include "Clock.h"
 #include "CommandLine.h"
@@ -5,15 +6,16 @@
 #include "DemoDatabase.h"
 #include "MainFrame.h"
 #include "Startup.h"
+#include "controls/ContextMenuKey.h"
 #include "outlook/PimLibrary.h"
 #include "res/Resources.h"
 #include "controls/MessageBox.h"
+#include "res/Translations.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
 #include "res/strings/ViewStrings.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -24,9 +26,11 @@ int main(int argc, char* argv[])
 {
     QApplication app(argc, argv);
     InitBrindleResources();
-    QApplication::setApplicationName(QStringLiteral("Brindle"));
-    QApplication::setApplicationVersion(QStringLiteral(BRINDLE_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/brindle.svg")));
+    ApplicationIdentity::Apply();
+    // Before the command line is read, so that --help speaks the user's language.
+    InstallTranslators();
+    CContextMenuKey contextMenuKey;
+    app.installEventFilter(&contextMenuKey);
 
     const CommandLine options = CommandLine::Parse(app);
     if (!options.database.isEmpty())

@@ -38,7 +38,7 @@ function(brindle_add_test name)
     endforeach()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=${BRINDLE_TEST_LOCALE};LC_ALL=${BRINDLE_TEST_LOCALE};BRINDLE_INSTALL_DIR=${BRINDLE_STAGED_DATA_DIR};ASAN_OPTIONS=detect_leaks=0"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=${BRINDLE_TEST_LOCALE};LC_ALL=${BRINDLE_TEST_LOCALE};LANGUAGE=;BRINDLE_INSTALL_DIR=${BRINDLE_STAGED_DATA_DIR};ASAN_OPTIONS=detect_leaks=0"
         TIMEOUT 300)
 endfunction()
 

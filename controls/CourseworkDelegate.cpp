@@ -81,6 +81,27 @@ QString CCourseworkDelegate::ScoreDetailText(double score, double possible)
                                         GradeText::NumberToText(possible));
 }
 
+QString CCourseworkDelegate::SpokenText(const QModelIndex& index)
+{
+    const QString name = index.data(Qt::DisplayRole).toString();
+    if (index.data(HeaderRole).toBool())
+        return name;
+    const QString when = DueText(BrindleDate::ToDateTime(index.data(DueDateRole).toDouble()));
+    const QString due = index.data(OverdueRole).toBool() ? ViewStrings::OverdueSince(when)
+                                                         : ViewStrings::DueOn(when);
+    const int completed = std::clamp(index.data(CompletedRole).toInt(), 0, 100);
+    const QString row =
+        ViewStrings::RowSpoken(name, due, ViewStrings::PercentText(QString::number(completed)));
+    const double score = index.data(ScoreRole).toDouble();
+    const double possible = index.data(PossibleRole).toDouble();
+    const QString scoreText = ScoreText(score, possible);
+    if (scoreText.isEmpty())
+        return row;
+    const QString detail = ScoreDetailText(score, possible);
+    return detail.isEmpty() ? ViewStrings::RowSpokenWithScore(row, scoreText)
+                            : ViewStrings::RowSpokenWithScoreOf(row, scoreText, detail);
+}
+
 QSize CCourseworkDelegate::sizeHint(const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const
 {

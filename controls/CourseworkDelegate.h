@@ -44,6 +44,9 @@ public:
     static QString ScoreText(double score, double possible);
     static QString ScoreDetailText(double score, double possible);
 
+    // Everything a row shows, as one text for screen readers.
+    static QString SpokenText(const QModelIndex& index);
+
 private:
     void PaintHeader(QPainter* painter, const QStyleOptionViewItem& option,
                      const QModelIndex& index) const;

@@ -1,6 +1,7 @@
 #include "DialogRunner.h"
 
 #include "FirstField.h"
+#include "Mnemonics.h"
 
 namespace DialogRunner {
 
@@ -14,6 +15,8 @@ int Run(QDialog& dialog)
     FirstField::Focus(&dialog);
     if (g_hook)
         return g_hook(dialog);
+    // Letters are given as the dialog opens, once its texts are final.
+    Mnemonics::Assign(&dialog);
     return dialog.exec();
 }
 

@@ -30,6 +30,7 @@ CHelpViewer::CHelpViewer(QWidget* parent)
     setObjectName(QStringLiteral("HelpViewer"));
     setWindowTitle(AppStrings::HelpTitle());
     m_browser->setObjectName(QStringLiteral("helpBrowser"));
+    m_browser->setAccessibleName(AppStrings::HelpTitle());
     m_browser->setOpenExternalLinks(true);
     m_back->setObjectName(QStringLiteral("helpBack"));
     m_forward->setObjectName(QStringLiteral("helpForward"));

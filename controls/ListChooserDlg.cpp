@@ -16,6 +16,7 @@ ListChooserDlg::ListChooserDlg(const QString& title, const std::vector<Item>& it
     setWindowTitle(title);
 
     m_list->setObjectName(QStringLiteral("chooserList"));
+    m_list->setAccessibleName(title);
     m_list->setSelectionMode(QAbstractItemView::SingleSelection);
     for (const Item& item : items) {
         auto* row = new QListWidgetItem(item.text, m_list);

@@ -14,6 +14,7 @@ TextDlg::TextDlg(const QString& title, const QString& text, QWidget* parent)
     setWindowTitle(title);
 
     m_edit->setObjectName(QStringLiteral("textEdit"));
+    m_edit->setAccessibleName(title);
     m_edit->setPlainText(text);
     // Tab moves on to the buttons, as in every other field of Brindle.
     m_edit->setTabChangesFocus(true);

@@ -1,5 +1,7 @@
 #include "CourseworkDlgDetailsPage.h"
 
+#include "res/strings/CourseworkStrings.h"
+
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QTextCursor>
@@ -10,6 +12,7 @@ CourseworkDlgDetailsPage::CourseworkDlgDetailsPage(QWidget* parent)
 {
     setObjectName(QStringLiteral("courseworkDetailsPage"));
     m_text->setObjectName(QStringLiteral("detailsEdit"));
+    m_text->setAccessibleName(CourseworkStrings::PageDetails());
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_text);
     // QPlainTextEdit has no length limit of its own.

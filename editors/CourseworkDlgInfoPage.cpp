@@ -60,10 +60,12 @@ CourseworkDlgInfoPage::CourseworkDlgInfoPage(QWidget* parent)
 
     auto* layout = new QGridLayout(this);
     int row = 0;
-    auto addRow = [&](const QString& caption, QWidget* field, QLabel* label = nullptr) {
+    // `buddy`: the control inside a row of several that the label names.
+    auto addRow = [&](const QString& caption, QWidget* field, QLabel* label = nullptr,
+                      QWidget* buddy = nullptr) {
         if (!label)
             label = new QLabel(caption, this);
-        label->setBuddy(field);
+        label->setBuddy(buddy ? buddy : field);
         layout->addWidget(label, row, 0);
         layout->addWidget(field, row, 1, 1, row < 3 ? 1 : 2);
         ++row;
@@ -82,8 +84,10 @@ CourseworkDlgInfoPage::CourseworkDlgInfoPage(QWidget* parent)
     pointsLayout->addWidget(outOfLabel);
     pointsLayout->addWidget(m_outOf, 1);
     auto* scoreLabel = new QLabel(CourseworkStrings::Score(), this);
-    scoreLabel->setBuddy(m_score);
-    addRow(QString(), points, scoreLabel);
+    addRow(QString(), points, scoreLabel, m_score);
+    // Screen readers look for a label among a field's siblings only; these
+    // two sit in a row of their own.
+    m_score->setAccessibleName(CourseworkStrings::Score().trimmed());
     addRow(CourseworkStrings::Textbook(), m_textbooks);
     addRow(QString(), m_weight, m_weightLabel);
 
@@ -92,7 +96,8 @@ CourseworkDlgInfoPage::CourseworkDlgInfoPage(QWidget* parent)
     progressLayout->setContentsMargins(0, 0, 0, 0);
     progressLayout->addWidget(m_progress, 1);
     progressLayout->addWidget(m_progressText);
-    addRow(CourseworkStrings::Progress(), progress);
+    addRow(CourseworkStrings::Progress(), progress, nullptr, m_progress);
+    m_progress->setAccessibleName(CourseworkStrings::Progress().trimmed());
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(row, 1);
 

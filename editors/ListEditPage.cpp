@@ -23,6 +23,8 @@ CListEditPage::CListEditPage(const QString& hint, const QString& picture, QWidge
     m_hint->setWordWrap(true);
     m_hint->setVisible(!hint.isEmpty());
     m_list->setObjectName(QStringLiteral("entryList"));
+    // The hint above the list says what it holds.
+    m_list->setAccessibleName(hint);
     m_list->setSelectionMode(QAbstractItemView::SingleSelection);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     m_list->viewport()->grabGesture(Qt::TapAndHoldGesture);

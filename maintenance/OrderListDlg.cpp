@@ -21,6 +21,8 @@ OrderListDlg::OrderListDlg(const QString& name, const QString& title, const QStr
     setObjectName(name);
     setWindowTitle(title);
     m_list->setObjectName(QStringLiteral("orderList"));
+    // The hint above the list says what it holds.
+    m_list->setAccessibleName(hint);
     m_list->setSelectionMode(QAbstractItemView::SingleSelection);
     m_moveUp->setObjectName(QStringLiteral("moveUpButton"));
     m_moveDown->setObjectName(QStringLiteral("moveDownButton"));

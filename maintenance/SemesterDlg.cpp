@@ -39,6 +39,7 @@ SemesterDlg::SemesterDlg(QWidget* parent)
     setObjectName(QStringLiteral("SemesterDlg"));
     setWindowTitle(MaintenanceStrings::SemesterTitle());
     m_list->setObjectName(QStringLiteral("semesterList"));
+    m_list->setAccessibleName(MaintenanceStrings::SemesterTitle());
     m_archiveButton->setObjectName(QStringLiteral("archiveSemesterButton"));
     m_viewButton->setObjectName(QStringLiteral("viewOldSemesterButton"));
     m_list->setSelectionMode(QAbstractItemView::SingleSelection);

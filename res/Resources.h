@@ -1,5 +1,6 @@
 #pragma once
 
-// Registers Brindle's images (":/images/...") with Qt's resource system. A
-// static library's resources are not found until this has run once.
+// Registers Brindle's images (":/images/...") and translations (":/i18n/...")
+// with Qt's resource system. A static library's resources are not found until
+// this has run once.
 void InitBrindleResources();

@@ -10,6 +10,9 @@ packages=(
     xvfb xauth fonts-dejavu-core dbus locales
     # The export is checked by the clients that read it and by a sync to a server.
     todoman khal khard vdirsyncer radicale tzdata
+    # Translations, desktop integration and the Debian package.
+    qt6-translations-l10n
+    desktop-file-utils appstream man-db dpkg-dev file lintian
 )
 
 sudo=""

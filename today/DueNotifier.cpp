@@ -92,7 +92,7 @@ void CDueNotifier::Check(const std::vector<DueItem>& items, const QDateTime& now
             QStringLiteral("org.freedesktop.Notifications"),
             QStringLiteral("/org/freedesktop/Notifications"),
             QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
-        call << TodayStrings::Title() << quint32(0) << QStringLiteral("brindle")
+        call << TodayStrings::Title() << quint32(0) << QStringLiteral(BRINDLE_APP_ID)
              << TodayStrings::NoticeSummary(item.name, item.course)
              << TodayStrings::NoticeBody(DueListFormat::DueText(item.due)) << QStringList()
              << QVariantMap() << qint32(-1);

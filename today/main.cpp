@@ -5,6 +5,7 @@
 #include "ReadOnlyDatabase.h"
 #include "TodayTray.h"
 #include "res/Resources.h"
+#include "res/Translations.h"
 #include "res/strings/TodayStrings.h"
 
 #include <QApplication>
@@ -39,18 +40,24 @@ int PrintList(int days, bool json)
 
 int main(int argc, char* argv[])
 {
-    // The terminal mode needs no display: only the tray makes a QApplication.
+    // The terminal mode, and the help a man page points to, need no display:
+    // only the tray makes a QApplication.
     std::unique_ptr<QCoreApplication> app;
-    bool listOnly = false;
+    bool terminalOnly = false;
     for (int i = 1; i < argc; ++i)
-        listOnly = listOnly || qstrcmp(argv[i], "--list") == 0;
-    if (listOnly)
+        for (const char* option : {"--list", "--help", "-h", "--version", "-v"})
+            terminalOnly = terminalOnly || qstrcmp(argv[i], option) == 0;
+    if (terminalOnly)
         app = std::make_unique<QCoreApplication>(argc, argv);
     else
         app = std::make_unique<QApplication>(argc, argv);
     // Brindle's name, so that the default database is Brindle's own.
     QCoreApplication::setApplicationName(QStringLiteral("Brindle"));
     QCoreApplication::setApplicationVersion(QStringLiteral(BRINDLE_VERSION));
+    // The translations live in the resources; both are in place before the
+    // options are read, so that --help and the list speak the user's language.
+    InitBrindleResources();
+    InstallTranslators();
 
     QCommandLineParser parser;
     parser.addHelpOption();
@@ -86,7 +93,6 @@ int main(int argc, char* argv[])
     if (parser.isSet(list))
         return PrintList(dayCount, parser.isSet(json));
 
-    InitBrindleResources();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationDisplayName(TodayStrings::Title());
     CDueNotifier notifier(QDBusConnection::sessionBus(), CDueNotifier::DefaultStateFile());

@@ -11,14 +11,24 @@
 
 namespace {
 
-// A light band colour running from green for the best grade to red for the
-// worst, however many grades the scale has.
-QColor BandColor(size_t band, size_t bands)
+bool IsDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
+// A band colour running from green for the best grade to red for the worst,
+// however many grades the scale has: light on a light palette, deep on a dark
+// one, so that the palette's own text stays readable on it.
+QColor BandColor(size_t band, size_t bands, bool dark)
 {
     const double share = bands > 1 ? double(band) / double(bands - 1) : 0.0;
-    return QColor::fromHsvF(float(0.33 * (1.0 - share)), 0.22f, 0.97f);
+    const float hue = float(0.33 * (1.0 - share));
+    return dark ? QColor::fromHsvF(hue, 0.45f, 0.36f) : QColor::fromHsvF(hue, 0.22f, 0.97f);
 }
-const QColor BarColor(0x1e, 0x63, 0xb0);
+QColor BarColor(bool dark)
+{
+    return dark ? QColor(0x6c, 0xa8, 0xf0) : QColor(0x1e, 0x63, 0xb0);
+}
 
 } // namespace
 
@@ -32,6 +42,8 @@ void GradeChart::SetCourses(std::vector<Course> courses)
 {
     m_courses = std::move(courses);
     ComputeScale();
+    // A screen reader cannot see the bars: it reads each course's line.
+    setAccessibleDescription(SpokenText());
     updateGeometry();
     update();
 }
@@ -163,9 +175,9 @@ void GradeChart::PaintRow(QPainter& painter, const Course& course, const QRect& 
         const double right = XOf(track, upper);
         if (right > left) {
             const QRectF bandRect(left, track.top(), right - left, track.height());
-            painter.fillRect(bandRect, BandColor(i, course.bands.size()));
+            painter.fillRect(bandRect, BandColor(i, course.bands.size(), IsDark(palette())));
             if (smallMetrics.horizontalAdvance(band.gradeName) + 4 < bandRect.width()) {
-                painter.setPen(palette().color(QPalette::PlaceholderText));
+                painter.setPen(palette().color(QPalette::WindowText));
                 painter.drawText(bandRect.adjusted(2, 1, -2, -1), Qt::AlignLeft | Qt::AlignTop,
                                  band.gradeName);
             }
@@ -188,9 +200,10 @@ void GradeChart::PaintRow(QPainter& painter, const Course& course, const QRect& 
     const QRectF bar(track.left(), track.top() + track.height() * 0.5, x - track.left(),
                      track.height() * 0.4);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(BarColor);
+    const QColor barColor = BarColor(IsDark(palette()));
+    painter.setBrush(barColor);
     painter.drawRoundedRect(bar, 2, 2);
-    painter.fillRect(QRectF(x - 1, track.top(), 2, track.height()), BarColor);
+    painter.fillRect(QRectF(x - 1, track.top(), 2, track.height()), barColor);
 
     const QString text =
         ReportStrings::Percent(GradeText::NumberToText(GradeText::PercentOf(course.fraction)));
@@ -203,7 +216,8 @@ void GradeChart::PaintRow(QPainter& painter, const Course& course, const QRect& 
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 0.8);
     painter.setFont(bold);
-    painter.setPen(inside ? QColor(Qt::white) : BarColor);
+    // Inside the bar the text takes the colour that contrasts with it.
+    painter.setPen(inside ? (IsDark(palette()) ? QColor(Qt::black) : QColor(Qt::white)) : barColor);
     painter.drawText(textRect, (inside ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, text);
     painter.setFont(font());
 }
@@ -220,4 +234,27 @@ void GradeChart::PaintAxis(QPainter& painter, const QRect& area) const
         painter.drawText(QRectF(x - width, area.top() + 4, width * 2, area.height() - 4),
                          Qt::AlignHCenter | Qt::AlignTop, label);
     }
+}
+
+QString GradeChart::SpokenText() const
+{
+    QStringList lines;
+    for (const Course& course : m_courses) {
+        if (course.fraction < 0.0 || !std::isfinite(course.fraction)) {
+            lines.append(ReportStrings::ChartLine(course.name, ReportStrings::ChartNoScore()));
+            continue;
+        }
+        const double percent = course.fraction * 100.0;
+        QString grade;
+        // Bands are best first: the first whose minimum is reached.
+        for (const Band& band : course.bands)
+            if (percent >= band.minimum) {
+                grade = band.gradeName;
+                break;
+            }
+        const QString percentText = GradeText::NumberToText(GradeText::PercentOf(course.fraction));
+        lines.append(ReportStrings::ChartLine(
+            course.name, ReportStrings::PercentAndGrade(percentText, grade).trimmed()));
+    }
+    return lines.join(u'\n');
 }

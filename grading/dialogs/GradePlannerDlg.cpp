@@ -75,6 +75,10 @@ GradePlannerDlg::GradePlannerDlg(quint32 courseId, QWidget* parent)
     m_needList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_needList->setMinimumHeight(line * 7);
     m_assumedList->setObjectName(QStringLiteral("assumedList"));
+    // The prompts above the lists say what they hold; screen readers get them
+    // as the lists' names.
+    m_needList->setAccessibleName(PlannerStrings::NeedPrompt());
+    m_assumedList->setAccessibleName(PlannerStrings::AssumesHeading());
     m_assumedList->setMaximumHeight(line * 5);
     auto* needPage = new QWidget(m_pages);
     auto* needLayout = new QVBoxLayout(needPage);

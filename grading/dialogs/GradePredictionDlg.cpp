@@ -34,6 +34,7 @@ GradePredictionDlg::GradePredictionDlg(QWidget* parent)
 
     m_courseCombo->setObjectName(QStringLiteral("courseCombo"));
     m_typeList->setObjectName(QStringLiteral("typeList"));
+    m_typeList->setAccessibleName(ReportStrings::PredictionPrompt());
     m_typeList->setColumnCount(2);
     m_typeList->setHeaderHidden(true);
     m_typeList->setRootIsDecorated(false);

@@ -26,6 +26,7 @@ GradingDlgGradingPage::GradingDlgGradingPage(QWidget* parent)
     heading->setFont(bold);
 
     m_list->setObjectName(QStringLiteral("minimumPercentList"));
+    m_list->setAccessibleName(GradingPolicyStrings::MinimumHeading());
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);

@@ -24,6 +24,7 @@ GradingDlgTypesPage::GradingDlgTypesPage(QWidget* parent)
     hint->setWordWrap(true);
 
     m_list->setObjectName(QStringLiteral("cwTypeList"));
+    m_list->setAccessibleName(GradingPolicyStrings::PageCwTypes());
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);

@@ -23,6 +23,7 @@ InstitutionDlgScalePage::InstitutionDlgScalePage(QWidget* parent)
     m_scaleCombo->setObjectName(QStringLiteral("scaleCombo"));
     m_scaleCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_gradeList->setObjectName(QStringLiteral("gradeList"));
+    m_gradeList->setAccessibleName(ReportStrings::GradeScalePage());
     m_newButton->setObjectName(QStringLiteral("newGradeButton"));
     m_editButton->setObjectName(QStringLiteral("editGradeButton"));
     m_deleteButton->setObjectName(QStringLiteral("deleteGradeButton"));

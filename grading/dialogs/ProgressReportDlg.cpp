@@ -66,6 +66,7 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     m_titleLabel->setWordWrap(true);
 
     m_rowList->setObjectName(QStringLiteral("typeRows"));
+    m_rowList->setAccessibleName(ReportStrings::ProgressReportTitle());
     m_rowList->setColumnCount(3);
     m_rowList->setHeaderHidden(true);
     m_rowList->setRootIsDecorated(false);
@@ -95,6 +96,8 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     QFont headingFont = calculationHeading->font();
     headingFont.setBold(true);
     calculationHeading->setFont(headingFont);
+    // The heading names the tree below it for a screen reader too.
+    m_calculation->setAccessibleName(PlannerStrings::CalculationHeading());
 
     const int line = fontMetrics().height();
     auto* image = new QLabel(this);

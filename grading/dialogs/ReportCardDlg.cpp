@@ -67,6 +67,7 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
     caption->setObjectName(QStringLiteral("courseCaption"));
 
     m_courseList->setObjectName(QStringLiteral("courseList"));
+    m_courseList->setAccessibleName(ReportStrings::AllCourseGrades());
     m_courseList->setColumnCount(2);
     m_courseList->setHeaderHidden(true);
     m_courseList->setRootIsDecorated(false);
@@ -83,6 +84,7 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
 
     auto* chartCaption = new QLabel(ReportStrings::ChartCaption(), this);
     chartCaption->setObjectName(QStringLiteral("chartCaption"));
+    m_chart->setAccessibleName(ReportStrings::ChartCaption());
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::accept);

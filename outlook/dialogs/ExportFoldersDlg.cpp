@@ -41,6 +41,9 @@ ExportFoldersDlg::ExportFoldersDlg(QWidget* parent)
         browse->setObjectName(QString::fromLatin1(names[row])
                                   .replace(QStringLiteral("Edit"), QStringLiteral("Browse")));
         browse->setAutoDefault(false);
+        // Three buttons read "Browse...": each says which folder it chooses.
+        browse->setAccessibleName(
+            ExportStrings::BrowseAccessibleName(labels[row].trimmed().remove(QLatin1Char(':'))));
         connect(browse, &QPushButton::clicked, this, [this, edit] { Browse(edit); });
         grid->addWidget(label, row, 0);
         grid->addWidget(edit, row, 1);

@@ -110,6 +110,12 @@ inline QString Browse()
 {
     return BrindleText::tr("Browse...");
 }
+// What a screen reader says for a row's Browse button: the row's kind, from
+// its label without the colon.
+inline QString BrowseAccessibleName(const QString& kind)
+{
+    return BrindleText::tr("Choose the folder for %1").arg(kind);
+}
 inline QString ChooseFolder()
 {
     return BrindleText::tr("Choose a Folder");

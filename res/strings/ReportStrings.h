@@ -240,5 +240,10 @@ inline QString ChartNoScore()
 {
     return ControlStrings::NoScore();
 }
+// One course of the chart as a screen reader speaks it: "Biology: 87.35% B".
+inline QString ChartLine(const QString& course, const QString& value)
+{
+    return BrindleText::tr("%1: %2").arg(course, value);
+}
 
 } // namespace ReportStrings

@@ -45,6 +45,35 @@ inline QString PercentText(const QString& number)
 {
     return ControlStrings::Percent(number);
 }
+// Names of the main view's controls for screen readers.
+inline QString TabsName()
+{
+    return BrindleText::tr("View");
+}
+inline QString CourseSelectorName()
+{
+    return BrindleText::tr("Course");
+}
+inline QString ListName()
+{
+    return BrindleText::tr("Coursework");
+}
+
+// A coursework row as a screen reader speaks it: name, due date, progress
+// and, once graded, the score.
+inline QString RowSpoken(const QString& name, const QString& due, const QString& progress)
+{
+    return BrindleText::tr("%1, %2, %3 done").arg(name, due, progress);
+}
+inline QString RowSpokenWithScore(const QString& row, const QString& score)
+{
+    return BrindleText::tr("%1, score %2").arg(row, score);
+}
+inline QString RowSpokenWithScoreOf(const QString& row, const QString& percent,
+                                    const QString& points)
+{
+    return BrindleText::tr("%1, score %2 (%3)").arg(row, percent, points);
+}
 inline QString ScoreOfPossible(const QString& score, const QString& possible)
 {
     return BrindleText::tr("%1/%2").arg(score, possible);
