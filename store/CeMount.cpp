@@ -402,9 +402,12 @@ int CCeMount::BeginScope()
         qWarning("Brindle store: a transaction was left open; it is rolled back");
         sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
     }
-    // Reserved outside the transaction, so that a rollback cannot give them back.
-    const qint64 left = m_nextId == 0 ? 0 : qint64(m_lastReservedId) - m_nextId + 1;
-    if (left < IdsKeptAhead &&
+    // Reserved outside the transaction, so that a rollback cannot give them
+    // back. Not before the first scope of a mount: that may be an upgrade
+    // that fails, and a file that is not opened must not change. A block
+    // reserved inside a scope is kept after a rollback all the same.
+    const qint64 left = qint64(m_lastReservedId) - m_nextId + 1;
+    if (m_nextId != 0 && left < IdsKeptAhead &&
         Scalar("SELECT count(*) FROM sqlite_schema WHERE name = 'RecordIdSequence'") > 0)
         ReserveIds();
     ++m_depth;

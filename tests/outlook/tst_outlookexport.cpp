@@ -9,6 +9,7 @@
 #include "editors/EditorRecords.h"
 #include "editors/InstructorDlg.h"
 #include "outlook/dialogs/ExportFoldersDlg.h"
+#include "res/strings/ExportStrings.h"
 #include "store/BrindleData.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
