@@ -127,18 +127,22 @@ bool CCeMount::CheckExistingFile(const QString& path)
 
 // Run on the read-write connection, so that SQLite rolls back a hot journal
 // before anything is judged: only a file that still fails after that is damaged.
-bool CCeMount::CheckContents(const QString& path)
+bool CCeMount::CheckContents(const QString& path, ContentCheck contents)
 {
+    const bool everyPage = contents == ContentCheck::EveryPage;
+    // Reading the schema's version reads the first page, which rolls back a
+    // hot journal and tells a database from anything else.
+    const char* probe = everyPage ? "PRAGMA quick_check" : "PRAGMA schema_version";
     bool ok = false;
     QByteArray check;
     int resultCode = SQLITE_OK;
-    if (sqlite3_stmt* stmt = Statement("PRAGMA quick_check")) {
+    if (sqlite3_stmt* stmt = Statement(probe)) {
         resultCode = sqlite3_step(stmt);
         if (resultCode == SQLITE_ROW)
             check = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
         ok = IsExpected(resultCode);
         if (!ok)
-            ReportError(resultCode, "PRAGMA quick_check");
+            ReportError(resultCode, probe);
         sqlite3_reset(stmt);
     } else {
         resultCode = sqlite3_errcode(m_db);
@@ -155,7 +159,7 @@ bool CCeMount::CheckContents(const QString& path)
             return Fail(Problem::CannotOpen, StoreStrings::CannotOpenFile(path, reason));
         return Fail(Problem::Unusable, StoreStrings::DamagedDatabase(path, reason));
     }
-    if (check != "ok")
+    if (everyPage && check != "ok")
         return Fail(Problem::Unusable,
                     StoreStrings::DamagedDatabase(path, QString::fromUtf8(check)));
 
@@ -169,7 +173,7 @@ bool CCeMount::CheckContents(const QString& path)
     return true;
 }
 
-int CCeMount::MountPath(const QString& path)
+int CCeMount::MountPath(const QString& path, ContentCheck contents)
 {
     Unmount();
     m_lastError.clear();
@@ -196,7 +200,7 @@ int CCeMount::MountPath(const QString& path)
     m_lastReservedId = 0;
 
     // A rollback journal, not WAL: after Unmount the one file is the whole database.
-    bool good = CheckContents(path);
+    bool good = CheckContents(path, contents);
     if (good &&
         (!Execute("PRAGMA journal_mode = DELETE") || !Execute("PRAGMA synchronous = FULL"))) {
         good = IsLocked(sqlite3_errcode(m_db))

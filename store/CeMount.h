@@ -37,7 +37,10 @@ public:
     // A hot journal left by a crash is rolled back, as SQLite intends. A file
     // that exists but is not a Brindle database, or is damaged, is refused and
     // left untouched.
-    int MountPath(const QString& path);
+    // How much of the file is proven on mounting: every page (quick_check),
+    // or only that SQLite reads it, for a reader that opens it every minute.
+    enum class ContentCheck { EveryPage, Readable };
+    int MountPath(const QString& path, ContentCheck contents = ContentCheck::EveryPage);
     void Unmount();
 
     bool IsMounted() const { return m_db != nullptr; }
@@ -83,7 +86,7 @@ public:
 private:
     bool CheckExistingFile(const QString& path);
     bool CheckHeader(const QString& path);
-    bool CheckContents(const QString& path);
+    bool CheckContents(const QString& path, ContentCheck contents);
     bool Fail(Problem problem, const QString& text);
     bool ReserveIds();
     void KeepReservedIds();

@@ -18,7 +18,9 @@ int Mount(const QString& path, QString* error)
         *error = TodayStrings::DatabaseMissing(path);
         return 0;
     }
-    if (!mount->MountPath(path)) {
+    // Opened again on every refresh: proving every page each minute would
+    // cost more than the list itself. Brindle checks the file when it opens it.
+    if (!mount->MountPath(path, CCeMount::ContentCheck::Readable)) {
         *error = mount->GetLastError();
         return 0;
     }

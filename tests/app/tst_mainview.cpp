@@ -96,6 +96,10 @@ void TestMainView::init()
     Records::Coursework(m_biology, m_quizzes, u"Quiz 1"_s, -1, -1, Day(9, 9));
     Records::Coursework(m_biology, m_labs, u"Lab 2"_s, -1, -1, Day(9, 20), 100);
     Records::Coursework(m_history, m_essays, u"Essay 1"_s, -1, -1, Day(9, 12));
+    // Done work hidden, as after the user unticks "Show Done" (a new
+    // database starts with it ticked).
+    State().SetShowDone(0);
+    State().UpdateRecord();
 }
 
 void TestMainView::cleanup()
