@@ -5,7 +5,7 @@
 #include "app/MainView.h"
 #include "grading/PredictionStore.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
+#include "support/DatabaseTest.h"
 
 #include <QAction>
 #include <QLabel>
@@ -43,31 +43,17 @@ void WeightByHours(bool weighted)
 
 } // namespace
 
-class TestGradeBar : public QObject
+class TestGradeBar : public DatabaseTest
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
-    }
-    void cleanup()
-    {
-        CPredictionStore::Instance().SetActive(false);
-        m_db.reset();
-    }
-
     void courseGrade_data();
     void courseGrade();
     void gpa_data();
     void gpa();
     void banner_data();
     void banner();
-
-private:
-    std::unique_ptr<TestDatabase> m_db;
 };
 
 void TestGradeBar::courseGrade_data()
