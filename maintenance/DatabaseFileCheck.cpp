@@ -67,9 +67,10 @@ QString CheckOpenDatabase(sqlite3* db, const QString& path)
 
 } // namespace
 
-QString CheckDatabaseFile(const QString& path)
+QString CheckDatabaseFile(const QString& realPath, const QString& shownPath)
 {
-    QFile file(path);
+    const QString& path = shownPath.isEmpty() ? realPath : shownPath;
+    QFile file(realPath);
     if (!file.open(QIODevice::ReadOnly))
         return StoreStrings::CannotReadFile(path, file.errorString());
     if (file.size() == 0)
@@ -79,7 +80,7 @@ QString CheckDatabaseFile(const QString& path)
     file.close();
 
     sqlite3* db = nullptr;
-    const QByteArray utf8 = QFileInfo(path).absoluteFilePath().toUtf8();
+    const QByteArray utf8 = QFileInfo(realPath).absoluteFilePath().toUtf8();
     QString reason;
     if (sqlite3_open_v2(utf8.constData(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
         reason = StoreStrings::CannotReadFile(path, QString::fromUtf8(sqlite3_errmsg(db)));

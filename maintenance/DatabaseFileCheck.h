@@ -5,5 +5,6 @@
 // Reads the file at path, read-only and without changing a byte, and says why
 // it is not a Brindle database that this Brindle can open: not an SQLite
 // file, another program's database, a newer Brindle's, damaged. Empty when it
-// is one.
-QString CheckDatabaseFile(const QString& path);
+// is one. Messages name shownPath (path when empty): a copy is checked under
+// the name of the file the user chose.
+QString CheckDatabaseFile(const QString& path, const QString& shownPath = QString());

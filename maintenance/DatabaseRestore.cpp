@@ -32,10 +32,6 @@ QString AsidePath(const QString& databasePath)
 
 MaintenanceResult Restore(const QString& chosenFile)
 {
-    const QString reason = CheckDatabaseFile(chosenFile);
-    if (!reason.isEmpty())
-        return MaintenanceResult::Failed(reason);
-
     const QString databasePath = GetDatabasePath();
     const QString aside = AsidePath(databasePath);
     const QString temporary = DatabaseFileCopy::TemporaryPathFor(databasePath);
@@ -48,6 +44,13 @@ MaintenanceResult Restore(const QString& chosenFile)
     MaintenanceResult result = DatabaseFileCopy::CopyToNewFile(chosenFile, temporary);
     if (!result.ok)
         return result;
+    // The copy, not the chosen file, is checked: it is what will be mounted,
+    // and no other program can change it between the check and the mount.
+    const QString reason = CheckDatabaseFile(temporary, chosenFile);
+    if (!reason.isEmpty()) {
+        QFile::remove(temporary);
+        return MaintenanceResult::Failed(reason);
+    }
 
     result = DatabaseFileCopy::MoveFile(databasePath, aside);
     if (!result.ok) {

@@ -16,7 +16,9 @@ MaintenanceResult Mount()
 {
     const QString path = GetDatabasePath();
     CCeMount* mount = CDataTable::GetMount();
-    if (!mount->IsMounted() && !mount->MountPath(path))
+    // Every file mounted here was proven page by page before: when Brindle
+    // opened it, or as the restore's copy. Since then only SQLite wrote it.
+    if (!mount->IsMounted() && !mount->MountPath(path, CCeMount::ContentCheck::Readable))
         return MaintenanceResult::Failed(mount->GetLastError());
     if (!CreateDatabase()) {
         const QString reason = mount->GetFailure();

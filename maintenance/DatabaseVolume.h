@@ -11,7 +11,9 @@ namespace DatabaseVolume {
 // every record and can be copied or replaced.
 void Release();
 
-// Mounts the database at GetDatabasePath() and makes what it lacks.
+// Mounts the database at GetDatabasePath() and makes what it lacks. The file
+// must have been proven before (quick_check); the mount proves only that
+// SQLite reads it.
 MaintenanceResult Mount();
 
 // Mounts, reopens the application state and moves it to its first record.
