@@ -197,8 +197,9 @@ void CMainView::RebuildCourseSelector()
     }
 }
 
-void CMainView::RebuildTypeFilter()
+void CMainView::RebuildTypeFilter(TypeStart start)
 {
+    int stored = -1;
     {
         const QSignalBlocker blocker(m_types);
         m_types->clear();
@@ -209,17 +210,26 @@ void CMainView::RebuildTypeFilter()
                 m_types->addItem(CCwTypeTable::GetCwTypeNameFromID(typeId), typeId);
         }
         // The program starts on the type it ended on; otherwise the first.
-        const int stored = m_types->findData(State().GetViewTabCwType());
+        stored = m_types->findData(State().GetViewTabCwType());
         m_types->setCurrentIndex(stored >= 0 ? stored : 0);
-        // The stored type went away (its course's policy changed): the list
-        // follows the type the filter now shows.
-        if (stored < 0 && m_types->count() > 0 &&
-            State().GetCurrentTabID() == CViewTabTable::CwTypeTab) {
-            State().SetViewTabCwType(m_types->itemData(0).toUInt());
-            WriteState();
-        }
+    }
+    // A course chosen again starts on its first type, not on the type it was
+    // left on ("All Courses" keeps it); a stored type that went away (its
+    // course's policy changed) gives way to the first too.
+    const bool startOnFirst = start == TypeStart::First && CourseSelected();
+    if ((startOnFirst || (stored < 0 && m_types->count() > 0)) &&
+        State().GetCurrentTabID() == CViewTabTable::CwTypeTab) {
+        StartOnFirstType();
+        WriteState();
     }
     ShowFilterOfTab();
+}
+
+void CMainView::StartOnFirstType()
+{
+    const QSignalBlocker blocker(m_types);
+    m_types->setCurrentIndex(0);
+    State().SetViewTabCwType(m_types->itemData(0).toUInt());
 }
 
 void CMainView::ShowFilterOfTab()
@@ -233,6 +243,7 @@ void CMainView::ShowFilterOfTab()
         break;
     case CViewTabTable::CwTypeTab:
         m_types->setVisible(CourseSelected());
+        m_types->raise();
         m_dueBy->setVisible(false);
         break;
     case CViewTabTable::DueByTab: {
@@ -240,9 +251,11 @@ void CMainView::ShowFilterOfTab()
         const QSignalBlocker blocker(m_dueBy);
         m_dueBy->setDate(BrindleDate::ToDate(State().GetViewTabDueBy()));
         m_dueBy->setVisible(true);
+        m_dueBy->raise();
         break;
     }
     default:
+        // Tabs past the fourth leave the controls as they were.
         break;
     }
 }
@@ -253,38 +266,9 @@ void CMainView::OnTabChosen(int index)
         return;
     const auto tab = static_cast<CViewTabTable::ViewTabIDs>(m_tabs->tabData(index).toUInt());
     State().SetCurrentTabID(tab);
-    switch (tab) {
-    case CViewTabTable::NoFilter:
-    case CViewTabTable::PastDueTab:
-    case CViewTabTable::CourseWeekTab:
-        m_types->setVisible(false);
-        m_dueBy->setVisible(false);
-        break;
-    case CViewTabTable::CwTypeTab: {
-        const QSignalBlocker blocker(m_types);
-        if (CourseSelected()) {
-            m_types->setVisible(true);
-            m_types->raise();
-            m_types->setCurrentIndex(0);
-        } else {
-            m_types->setVisible(false);
-        }
-        m_dueBy->setVisible(false);
-        State().SetViewTabCwType(m_types->itemData(0).toUInt());
-        break;
-    }
-    case CViewTabTable::DueByTab: {
-        m_types->setVisible(false);
-        const QSignalBlocker blocker(m_dueBy);
-        m_dueBy->setVisible(true);
-        m_dueBy->raise();
-        m_dueBy->setDate(BrindleDate::ToDate(State().GetViewTabDueBy()));
-        break;
-    }
-    default:
-        // Tabs past the fourth leave the controls as they were.
-        break;
-    }
+    if (tab == CViewTabTable::CwTypeTab)
+        StartOnFirstType();
+    ShowFilterOfTab();
     WriteState();
     RefreshList();
 }
@@ -297,24 +281,9 @@ void CMainView::OnCourseChosen(int index)
     if (courseId == State().GetCurrentCourseID())
         return;
     State().SetCurrentCourseID(courseId);
-    RebuildTypeFilter();
+    RebuildTypeFilter(TypeStart::First);
     emit CurrentCourseChanged();
     RefreshGradeBar();
-    if (State().GetCurrentTabID() == CViewTabTable::CwTypeTab) {
-        if (courseId != AllCoursesID) {
-            // A course chosen again starts on its first type, not on the
-            // type it was left on.
-            {
-                const QSignalBlocker blocker(m_types);
-                m_types->setCurrentIndex(0);
-            }
-            State().SetViewTabCwType(m_types->currentData().toUInt());
-            m_types->setVisible(true);
-            m_types->raise();
-        } else {
-            m_types->setVisible(false);
-        }
-    }
     WriteState();
     RefreshList();
 }

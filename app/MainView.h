@@ -27,7 +27,10 @@ public:
 
     void RebuildTabs();
     void RebuildCourseSelector();
-    void RebuildTypeFilter();
+    // Which type the rebuilt type filter shows: the stored one, or (for a
+    // course just chosen) the first.
+    enum class TypeStart { Stored, First };
+    void RebuildTypeFilter(TypeStart start = TypeStart::Stored);
     void RefreshList();
     void RefreshGradeBar();
     void LayoutView();
@@ -71,6 +74,8 @@ private:
     // Shows the type filter or the due-by picker that the current tab uses;
     // tabs past the fourth leave both as they are.
     void ShowFilterOfTab();
+    // Puts the type filter on its first type and the list's type with it.
+    void StartOnFirstType();
     void WriteState();
 
     QTabBar* m_tabs;
