@@ -3,8 +3,8 @@
 #include "BrindleData.h"
 #include "grading/GpaCalculation.h"
 #include "grading/GradeCalculation.h"
-#include "grading/GradeText.h"
 #include "res/strings/ViewStrings.h"
+#include "store/GradeText.h"
 
 QString CourseGradeText(quint32 courseId)
 {

@@ -1,7 +1,6 @@
 #include "MainView.h"
 
 #include "BrindleData.h"
-#include "Clock.h"
 #include "CourseworkListModel.h"
 #include "CourseworkListView.h"
 #include "GradeBarText.h"
@@ -12,6 +11,7 @@
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
 #include "res/strings/ViewStrings.h"
+#include "store/Clock.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,19 +1,19 @@
 #include "ApplicationIdentity.h"
 #include "BrindleData.h"
-#include "Clock.h"
 #include "CommandLine.h"
 #include "DatabaseOpener.h"
 #include "DemoDatabase.h"
 #include "MainFrame.h"
 #include "Startup.h"
 #include "controls/ContextMenuKey.h"
+#include "controls/MessageBox.h"
 #include "outlook/PimLibrary.h"
 #include "res/Resources.h"
-#include "controls/MessageBox.h"
 #include "res/Translations.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
 #include "res/strings/ViewStrings.h"
+#include "store/Clock.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -58,8 +58,8 @@ int main(int argc, char* argv[])
     }
 
     if (!CStartup().RunInstallationSteps().databaseReady) {
-        const QString text = StoreStrings::CannotCreateTables(GetDatabasePath(),
-                                                              CTransaction::LastFailure());
+        const QString text =
+            StoreStrings::CannotCreateTables(GetDatabasePath(), CTransaction::LastFailure());
         std::fprintf(stderr, "%s\n", qPrintable(text));
         if (interactive)
             BrindleMessageBox::Warn(nullptr, AppStrings::DatabaseSetAside(text));
@@ -76,14 +76,14 @@ int main(int argc, char* argv[])
             QApplication::processEvents();
             const QPixmap picture = frame.grab();
             if (!options.screenshot.isEmpty() && !picture.save(options.screenshot, "PNG")) {
-                std::fprintf(stderr, "%s\n", qPrintable(AppStrings::ScreenshotFailed(options.screenshot)));
+                std::fprintf(stderr, "%s\n",
+                             qPrintable(AppStrings::ScreenshotFailed(options.screenshot)));
                 result = 1;
             }
         } else {
             if (options.coursework != 0)
-                QTimer::singleShot(0, &frame, [&frame, &options] {
-                    frame.OpenCoursework(options.coursework);
-                });
+                QTimer::singleShot(
+                    0, &frame, [&frame, &options] { frame.OpenCoursework(options.coursework); });
             result = QApplication::exec();
         }
     }

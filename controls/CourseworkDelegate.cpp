@@ -1,8 +1,8 @@
 #include "CourseworkDelegate.h"
 
-#include "grading/GradeText.h"
 #include "res/strings/ViewStrings.h"
 #include "store/DateEncoding.h"
+#include "store/GradeText.h"
 
 #include <QApplication>
 #include <QFontMetrics>

@@ -4,12 +4,12 @@
 //   brindle_screenshots FOLDER SUFFIX
 #include "BrindleData.h"
 #include "app/ApplicationIdentity.h"
-#include "app/Clock.h"
 #include "app/DatabaseOpener.h"
 #include "app/DemoDatabase.h"
 #include "app/MainFrame.h"
 #include "grading/dialogs/ReportCardDlg.h"
 #include "res/Resources.h"
+#include "store/Clock.h"
 
 #include <QApplication>
 #include <QPalette>

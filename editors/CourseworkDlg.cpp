@@ -3,7 +3,6 @@
 #include "CourseworkDlgDetailsPage.h"
 #include "CourseworkDlgExport.h"
 #include "CourseworkDlgInfoPage.h"
-#include "app/Clock.h"
 #include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "controls/ListChooserDlg.h"
@@ -16,6 +15,7 @@
 #include "grading/dialogs/GradingDlg.h"
 #include "res/strings/CourseworkStrings.h"
 #include "store/BrindleData.h"
+#include "store/Clock.h"
 
 #include <QComboBox>
 #include <QDateTimeEdit>

@@ -8,8 +8,8 @@
 #include "GPAInfoTable.h"
 #include "GradeCalculation.h"
 #include "GradeScaleTable.h"
-#include "GradeText.h"
 #include "PredictionStore.h"
+#include "store/GradeText.h"
 
 #include <array>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "GradePlanner.h"
 
 #include "GradeScaleTable.h"
-#include "GradeText.h"
 #include "res/strings/PlannerStrings.h"
+#include "store/GradeText.h"
 
 #include <algorithm>
 #include <cmath>

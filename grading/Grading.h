@@ -4,8 +4,8 @@
 // GPAs, the predefined grade scales file and the number rules used wherever a
 // grade is shown. Widget-free; it reads and writes only the record store.
 
-#include "GradeText.h"
-#include "GradeCalculation.h"
-#include "PredictionStore.h"
 #include "GpaCalculation.h"
+#include "GradeCalculation.h"
 #include "GradeScalesFile.h"
+#include "PredictionStore.h"
+#include "store/GradeText.h"

@@ -1,9 +1,9 @@
 #include "PolicyCheck.h"
 
 #include "GradeScaleTable.h"
-#include "GradeText.h"
 #include "GradingPolicyTable.h"
 #include "res/strings/PlannerStrings.h"
+#include "store/GradeText.h"
 
 #include <algorithm>
 #include <cmath>

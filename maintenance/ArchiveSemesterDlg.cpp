@@ -1,10 +1,10 @@
 #include "ArchiveSemesterDlg.h"
 
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
 #include "res/strings/MaintenanceStrings.h"
+#include "store/Clock.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -4,11 +4,11 @@
 #include "DatabaseBackup.h"
 #include "DatabaseClear.h"
 #include "DatabaseRestore.h"
-#include "app/Clock.h"
 #include "controls/FileDialog.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
 #include "res/strings/DatabaseStrings.h"
+#include "store/Clock.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -5,13 +5,13 @@
 #include "EditSemesterDlg.h"
 #include "ListSelection.h"
 #include "WriteInTransaction.h"
-#include "app/Clock.h"
 #include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
 #include "controls/RowMenu.h"
 #include "grading/PredictionStore.h"
 #include "res/strings/MaintenanceStrings.h"
+#include "store/Clock.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

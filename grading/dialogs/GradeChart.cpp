@@ -1,7 +1,7 @@
 #include "GradeChart.h"
 
-#include "grading/GradeText.h"
 #include "res/strings/ReportStrings.h"
+#include "store/GradeText.h"
 
 #include <QPainter>
 #include <QPainterPath>

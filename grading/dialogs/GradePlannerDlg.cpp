@@ -3,9 +3,9 @@
 #include "BrindleData.h"
 #include "controls/HelpViewer.h"
 #include "controls/NumericEdit.h"
-#include "grading/GradeText.h"
 #include "grading/PolicyCheck.h"
 #include "res/strings/PlannerStrings.h"
+#include "store/GradeText.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -2,8 +2,8 @@
 
 #include "MinimumPercentEditor.h"
 #include "controls/NumericEdit.h"
-#include "grading/GradeText.h"
 #include "res/strings/GradingPolicyStrings.h"
+#include "store/GradeText.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -62,8 +62,8 @@ void GradingDlgGradingPage::Fill(const std::vector<MinimumPercentEntry>& entries
         auto* item = new QTreeWidgetItem(m_list);
         item->setText(0, entry.gradeName);
         // A percent, printed with a point like every other percent.
-        item->setText(1, GradingPolicyStrings::MinimumPercentText(
-                             GradeText::NumberToText(entry.minimum)));
+        item->setText(
+            1, GradingPolicyStrings::MinimumPercentText(GradeText::NumberToText(entry.minimum)));
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     }
     if (selectedRow >= 0 && selectedRow < m_list->topLevelItemCount())

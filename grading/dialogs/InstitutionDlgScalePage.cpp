@@ -1,7 +1,7 @@
 #include "InstitutionDlgScalePage.h"
 
-#include "grading/GradeText.h"
 #include "res/strings/ReportStrings.h"
+#include "store/GradeText.h"
 
 #include <QComboBox>
 #include <QFormLayout>

@@ -1,8 +1,8 @@
 #include "ProgressReportCalculation.h"
 
 #include "GradingPolicyTable.h"
-#include "grading/GradeText.h"
 #include "res/strings/PlannerStrings.h"
+#include "store/GradeText.h"
 
 #include <QHeaderView>
 

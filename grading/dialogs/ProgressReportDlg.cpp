@@ -6,10 +6,10 @@
 #include "controls/HelpViewer.h"
 #include "grading/GradeCalculation.h"
 #include "grading/GradePlanner.h"
-#include "grading/GradeText.h"
 #include "grading/PolicyCheck.h"
 #include "res/strings/PlannerStrings.h"
 #include "res/strings/ReportStrings.h"
+#include "store/GradeText.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

@@ -5,8 +5,8 @@
 #include "controls/HelpViewer.h"
 #include "grading/GpaCalculation.h"
 #include "grading/GradeCalculation.h"
-#include "grading/GradeText.h"
 #include "res/strings/ReportStrings.h"
+#include "store/GradeText.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>

@@ -4,10 +4,10 @@
 // Checked against: the hidden-tab fallback not calling OnTabChosen (the list
 // stays on Past Due), OnCourseChosen not resetting the type to the first one.
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/CourseworkListModel.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
+#include "store/Clock.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 

@@ -1,11 +1,11 @@
 // What the user does on the rows of the main list: delete with its links,
 // the context menu, opening a row, and the note on predicted scores.
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/CourseworkListModel.h"
 #include "app/CourseworkListView.h"
 #include "app/MainView.h"
 #include "grading/PredictionStore.h"
+#include "store/Clock.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"

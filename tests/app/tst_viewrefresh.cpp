@@ -4,7 +4,6 @@
 // predicted score shows only its note; Delete on a row asks first; the menus
 // open with Alt and their first letter.
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/CourseworkListModel.h"
 #include "app/CourseworkListView.h"
 #include "app/MainFrame.h"
@@ -15,6 +14,7 @@
 #include "editors/CourseworkDlgInfoPage.h"
 #include "grading/PredictionStore.h"
 #include "grading/dialogs/GradePredictionDlg.h"
+#include "store/Clock.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"

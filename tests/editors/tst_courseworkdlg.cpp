@@ -3,7 +3,6 @@
 // frame's coursework commands. A failed OK is in tst_savefailures.
 // Fault tried (failed every edit row, then reverted): OK not writing the due time.
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"
 #include "controls/ListChooserDlg.h"
@@ -19,6 +18,7 @@
 #include "grading/dialogs/CwTypeEditor.h"
 #include "grading/dialogs/GradingDlg.h"
 #include "grading/dialogs/GradingDlgTypesPage.h"
+#include "store/Clock.h"
 #include "store/DateEncoding.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"

@@ -5,7 +5,6 @@
 // its own (clear, "refused part-way" row).
 #include "BrindleData.h"
 #include "MaintenanceFiles.h"
-#include "app/Clock.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
 #include "controls/DialogRunner.h"
@@ -13,6 +12,7 @@
 #include "grading/PredictionStore.h"
 #include "maintenance/DatabaseOptionsDlg.h"
 #include "maintenance/DatabaseVolume.h"
+#include "store/Clock.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"

@@ -4,7 +4,6 @@
 // (positions rewritten from 0 on OK only, the tabs' visibility), and the main
 // view after their commands. A failed write leaves everything whole.
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
 #include "controls/DialogRunner.h"
@@ -14,6 +13,7 @@
 #include "maintenance/SemesterDlg.h"
 #include "maintenance/TabOrderDlg.h"
 #include "res/strings/MaintenanceStrings.h"
+#include "store/Clock.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
@@ -98,8 +98,9 @@ QStringList StoredTabs()
     CViewTabTable table;
     table.Open(2);
     for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-        tabs << u"%1:%2:%3"_s.arg(table.GetTabText()).arg(table.GetTabOrder()).arg(
-            table.GetIsVisible());
+        tabs << u"%1:%2:%3"_s.arg(table.GetTabText())
+                    .arg(table.GetTabOrder())
+                    .arg(table.GetIsVisible());
     return tabs;
 }
 

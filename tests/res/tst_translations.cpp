@@ -3,11 +3,11 @@
 // translations are the ones in the program and are chosen by the user's
 // languages; grade numbers keep their decimal point in every language.
 #include "TsFile.h"
-#include "grading/GradeText.h"
 #include "res/Resources.h"
 #include "res/Translations.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/ViewStrings.h"
+#include "store/GradeText.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
