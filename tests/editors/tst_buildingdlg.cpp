@@ -1,12 +1,14 @@
-// The buildings editor: edits land on OK only; a renamed building shows in
-// its courses, a deleted one leaves their id behind.
+// The buildings editor: edits land on OK only, Escape without an open entry
+// editor cancels, list keys; a renamed building shows in its courses, a
+// deleted one leaves their id behind.
 #include "EditorRecords.h"
 #include "editors/BuildingDlg.h"
 #include "editors/CourseDlg.h"
+#include "support/DatabaseTest.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -48,96 +50,121 @@ void EnterName(BuildingDlg& dialog, const QString& name)
     dialog.Page()->EditorButtons()->button(QDialogButtonBox::Ok)->click();
 }
 
-const QByteArray Names = "SELECT group_concat(BuildingName, '|') FROM Building";
+QComboBox* BuildingBox(CourseDlg& editor, quint32 course)
+{
+    editor.SetCourse(course);
+    return editor.findChild<QComboBox*>(u"buildingBox"_s);
+}
 
 } // namespace
 
-class TestBuildingDlg : public QObject
+class TestBuildingDlg : public DatabaseTest
 {
     Q_OBJECT
 
 private slots:
-    void editsLandOnOkOnly();
-    void renameReachesCoursesDeleteLeavesTheirId();
-};
+    void editsLandOnOkOnly()
+    {
+        Building(u"Library"_s);
+        Building(u"Gym"_s);
+        const QStringList before = DumpAll();
 
-void TestBuildingDlg::editsLandOnOkOnly()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    Building(u"Library"_s);
-    Building(u"Gym"_s);
-    const QStringList before = DumpAll();
-
-    for (bool ok : {false, true}) {
-        BuildingDlg dialog;
-        QCOMPARE(MenuTexts(dialog, 0),
-                 (QStringList{u"New Building"_s, u"Edit Building"_s, u"Delete Building"_s}));
-        QCOMPARE(MenuTexts(dialog, -1), QStringList{u"New Building"_s});
-        auto* buttons = dialog.findChild<QDialogButtonBox*>(u"buttons"_s);
-        QVERIFY(Pick(dialog, -1, u"New Building"_s));
-        QVERIFY(!buttons->isEnabled());
-        // Typing goes into the name at once.
-        QCOMPARE(dialog.focusWidget(), dialog.findChild<QLineEdit*>(u"buildingName"_s));
-        EnterName(dialog, u"Annex"_s);
-        QVERIFY(buttons->isEnabled());
-        // Two buildings may share a name; names stop at 100 characters.
-        QVERIFY(Pick(dialog, -1, u"New Building"_s));
-        EnterName(dialog, u"Annex"_s + QString(100, u'x'));
-        QCOMPARE(dialog.Entries().back().name, u"Annex"_s + QString(95, u'x'));
-        QVERIFY(Pick(dialog, 3, u"Edit Building"_s));
-        EnterName(dialog, u"Annex"_s);
-        QVERIFY(Pick(dialog, 0, u"Edit Building"_s));
-        QCOMPARE(dialog.findChild<QLineEdit*>(u"buildingName"_s)->text(), u"Library"_s);
-        EnterName(dialog, u"Main Library"_s);
-        QVERIFY(Pick(dialog, 1, u"Delete Building"_s));
-        QCOMPARE(dialog.findChild<QListWidget*>(u"buildingList"_s)->count(), 3);
-        if (ok) {
-            dialog.accept();
-        } else {
-            dialog.reject();
+        for (bool ok : {false, true}) {
+            BuildingDlg dialog;
+            QCOMPARE(MenuTexts(dialog, 0),
+                     (QStringList{u"New Building"_s, u"Edit Building"_s, u"Delete Building"_s}));
+            QCOMPARE(MenuTexts(dialog, -1), QStringList{u"New Building"_s});
+            auto* buttons = dialog.findChild<QDialogButtonBox*>(u"buttons"_s);
+            QVERIFY(Pick(dialog, -1, u"New Building"_s));
+            QVERIFY(!buttons->isEnabled());
+            // Typing goes into the name at once.
+            QCOMPARE(dialog.focusWidget(), dialog.findChild<QLineEdit*>(u"buildingName"_s));
+            EnterName(dialog, u"Annex"_s);
+            QVERIFY(buttons->isEnabled());
+            // Two buildings may share a name; names stop at 100 characters.
+            QVERIFY(Pick(dialog, -1, u"New Building"_s));
+            EnterName(dialog, u"Annex"_s + QString(100, u'x'));
+            QCOMPARE(dialog.Entries().back().name, u"Annex"_s + QString(95, u'x'));
+            QVERIFY(Pick(dialog, 3, u"Edit Building"_s));
+            EnterName(dialog, u"Annex"_s);
+            QVERIFY(Pick(dialog, 0, u"Edit Building"_s));
+            QCOMPARE(dialog.findChild<QLineEdit*>(u"buildingName"_s)->text(), u"Library"_s);
+            EnterName(dialog, u"Main Library"_s);
+            QVERIFY(Pick(dialog, 1, u"Delete Building"_s));
+            QCOMPARE(dialog.findChild<QListWidget*>(u"buildingList"_s)->count(), 3);
+            if (ok) {
+                dialog.accept();
+                continue;
+            }
+            // Escape, with no entry editor open, cancels the dialog.
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            QVERIFY(!dialog.isVisible());
+            QCOMPARE(dialog.result(), int(QDialog::Rejected));
             QCOMPARE(DumpAll(), before);
         }
+        QCOMPARE(Sql("SELECT group_concat(BuildingName, '|') FROM Building"),
+                 u"Main Library|Annex|Annex"_s);
     }
-    QCOMPARE(Sql(Names), u"Main Library|Annex|Annex"_s);
-}
 
-void TestBuildingDlg::renameReachesCoursesDeleteLeavesTheirId()
-{
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const quint32 hall = Building(u"Hall"_s);
-    const quint32 course = Records::Course(u"Botany"_s);
-    Sql("UPDATE Course SET BuildingID = " + QByteArray::number(hall));
+    void listKeys_data()
     {
-        BuildingDlg dialog;
-        dialog.Page()->EditBuilding(0);
-        EnterName(dialog, u"Great Hall"_s);
-        QVERIFY(dialog.OnOK());
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("entries");
+        QTest::addColumn<bool>("editorOpen");
+        QTest::newRow("Insert starts a new one") << int(Qt::Key_Insert) << 2 << true;
+        QTest::newRow("F2 edits") << int(Qt::Key_F2) << 2 << true;
+        QTest::newRow("Delete deletes") << int(Qt::Key_Delete) << 1 << false;
     }
+    void listKeys()
     {
+        QFETCH(int, key);
+        QFETCH(int, entries);
+        QFETCH(bool, editorOpen);
+        Building(u"Hall"_s);
+        Building(u"Tower"_s);
+        BuildingDlg dialog;
+        QListWidget* list = dialog.Page()->List();
+        list->setCurrentRow(1);
+        QTest::keyClick(list, Qt::Key(key));
+        QCOMPARE(int(dialog.Entries().size()), entries);
+        QCOMPARE(dialog.Page()->IsEditorOpen(), editorOpen);
+    }
+
+    void renameReachesCoursesDeleteLeavesTheirId()
+    {
+        const quint32 hall = Building(u"Hall"_s);
+        const quint32 course = Records::Course(u"Botany"_s);
+        Sql("UPDATE Course SET BuildingID = " + QByteArray::number(hall));
+        {
+            BuildingDlg dialog;
+            dialog.Page()->EditBuilding(0);
+            EnterName(dialog, u"Great Hall"_s);
+            QVERIFY(dialog.OnOK());
+        }
+        {
+            CourseDlg editor;
+            QCOMPARE(BuildingBox(editor, course)->currentText(), u"Great Hall"_s);
+            editor.reject();
+        }
+        {
+            BuildingDlg dialog;
+            dialog.Page()->DeleteBuilding(0);
+            QVERIFY(dialog.OnOK());
+        }
+        const QByteArray buildingId = "SELECT BuildingID FROM Course";
+        QCOMPARE(Sql(buildingId).toUInt(), hall);
+        // Typed again in the course editor, it comes back under a new id.
         CourseDlg editor;
-        editor.SetCourse(course);
-        QCOMPARE(editor.findChild<QComboBox*>(u"buildingBox"_s)->currentText(), u"Great Hall"_s);
-        editor.reject();
+        QComboBox* box = BuildingBox(editor, course);
+        QVERIFY(box->currentText().isEmpty());
+        box->setEditText(u"Great Hall"_s);
+        QVERIFY(editor.OnOK());
+        QVERIFY(Sql(buildingId).toUInt() != hall);
+        QCOMPARE(CBuildingTable::GetBuildingNameFromID(Sql(buildingId).toUInt()), u"Great Hall"_s);
     }
-    {
-        BuildingDlg dialog;
-        dialog.Page()->DeleteBuilding(0);
-        QVERIFY(dialog.OnOK());
-    }
-    const QByteArray buildingId = "SELECT BuildingID FROM Course";
-    QCOMPARE(Sql(buildingId).toUInt(), hall);
-    // Typed again in the course editor, it comes back under a new id.
-    CourseDlg editor;
-    editor.SetCourse(course);
-    auto* box = editor.findChild<QComboBox*>(u"buildingBox"_s);
-    QVERIFY(box->currentText().isEmpty());
-    box->setEditText(u"Great Hall"_s);
-    QVERIFY(editor.OnOK());
-    QVERIFY(Sql(buildingId).toUInt() != hall);
-    QCOMPARE(CBuildingTable::GetBuildingNameFromID(Sql(buildingId).toUInt()), u"Great Hall"_s);
-}
+};
 
 QTEST_MAIN(TestBuildingDlg)
 #include "tst_buildingdlg.moc"

@@ -8,9 +8,9 @@
 #include "editors/CourseDlg.h"
 #include "editors/CourseRemoval.h"
 #include "editors/InstructorDlg.h"
+#include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -54,168 +54,131 @@ quint32 FillCourse(quint32 courseId, quint32 instructorId)
 
 } // namespace
 
-class TestCourseCommands : public QObject
+class TestCourseCommands : public DatabaseTest
 {
     Q_OBJECT
 
 private slots:
-    void init()
+    void answered_data()
     {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
+        QTest::addColumn<bool>("newCourse"); // else Delete Course
+        QTest::addColumn<bool>("yes");       // OK, or Yes to the question
+        QTest::newRow("New Course, OK") << true << true;
+        QTest::newRow("New Course, Cancel") << true << false;
+        QTest::newRow("Delete Course, Yes") << false << true;
+        QTest::newRow("Delete Course, No") << false << false;
     }
-    void cleanup()
+    void answered()
     {
-        DialogRunner::SetHook({});
-        m_db.reset();
+        QFETCH(bool, newCourse);
+        QFETCH(bool, yes);
+        const quint32 botany = newCourse ? 0 : Records::Course(u"Botany"_s);
+        SetCurrentCourse(botany ? botany : AllCoursesID);
+        CMainFrame frame;
+        QAction* command = Action(frame, newCourse ? "actionNewCourse" : "actionDeleteCourse");
+        QVERIFY(command && command->isEnabled());
+        QVERIFY(CourseMenuHas(frame, "actionDeleteCourse") == !newCourse);
+        const QStringList before = DumpAll();
+
+        quint32 created = 0;
+        DialogRunner::SetHook([&](QDialog& dialog) {
+            auto* editor = qobject_cast<CourseDlg*>(&dialog);
+            if (!editor)
+                return int(QDialog::Rejected);
+            created = editor->CourseID();
+            editor->findChild<QLineEdit*>(u"courseName"_s)->setText(u"Astronomy"_s);
+            if (yes)
+                editor->accept();
+            else
+                editor->reject();
+            return editor->result();
+        });
+        MessageAnswers answers({yes ? QMessageBox::Yes : QMessageBox::No});
+        command->trigger();
+
+        if (newCourse) {
+            QVERIFY(created != 0);
+            QVERIFY(answers.Texts().isEmpty());
+        } else {
+            QCOMPARE(answers.Texts(),
+                     QStringList{u"Are you sure you want to delete the course 'Botany'?"_s});
+        }
+        if (!yes) {
+            QCOMPARE(DumpAll(), before);
+            return;
+        }
+        // The view follows: a new course is current, a deleted one gives way to
+        // All Courses, also after the next start.
+        const quint32 current = newCourse ? created : AllCoursesID;
+        QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), current);
+        QCOMPARE(GetSemesterCourses(),
+                 newCourse ? std::vector<quint32>{created} : std::vector<quint32>{});
+        QCOMPARE(CourseMenuHas(frame, "actionDeleteCourse"), newCourse);
+        QVERIFY(CourseMenuHas(frame, "actionNewCourse"));
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), current);
     }
 
-    void answered_data();
-    void answered();
-    void instructorCommandsOpenTheirMode();
-    void removalTakesEveryRowOfTheCourseOnly();
-    void removalOfAMissingCourse();
-
-private:
-    std::unique_ptr<TestDatabase> m_db;
-};
-
-void TestCourseCommands::answered_data()
-{
-    QTest::addColumn<bool>("newCourse"); // else Delete Course
-    QTest::addColumn<bool>("yes");       // OK, or Yes to the question
-    QTest::newRow("New Course, OK") << true << true;
-    QTest::newRow("New Course, Cancel") << true << false;
-    QTest::newRow("Delete Course, Yes") << false << true;
-    QTest::newRow("Delete Course, No") << false << false;
-}
-
-void TestCourseCommands::answered()
-{
-    QFETCH(bool, newCourse);
-    QFETCH(bool, yes);
-    const quint32 botany = newCourse ? 0 : Records::Course(u"Botany"_s);
-    SetCurrentCourse(botany ? botany : AllCoursesID);
-    CMainFrame frame;
-    QAction* command = Action(frame, newCourse ? "actionNewCourse" : "actionDeleteCourse");
-    QVERIFY(command && command->isEnabled());
-    QVERIFY(CourseMenuHas(frame, "actionDeleteCourse") == !newCourse);
-    const QStringList before = DumpAll();
-
-    quint32 created = 0;
-    DialogRunner::SetHook([&](QDialog& dialog) {
-        auto* editor = qobject_cast<CourseDlg*>(&dialog);
-        if (!editor)
+    void instructorCommandsOpenTheirMode()
+    {
+        const quint32 course = Records::Course(u"Botany"_s);
+        SetCurrentCourse(course);
+        CMainFrame frame;
+        QList<qint64> opened;
+        DialogRunner::SetHook([&](QDialog& dialog) {
+            auto* instructors = qobject_cast<InstructorDlg*>(&dialog);
+            opened << (instructors ? qint64(instructors->CourseID()) : -1);
             return int(QDialog::Rejected);
-        created = editor->CourseID();
-        editor->findChild<QLineEdit*>(u"courseName"_s)->setText(u"Astronomy"_s);
-        if (yes)
-            editor->accept();
-        else
-            editor->reject();
-        return editor->result();
-    });
-    MessageAnswers answers({yes ? QMessageBox::Yes : QMessageBox::No});
-    command->trigger();
-
-    if (newCourse) {
-        QVERIFY(created != 0);
-        QVERIFY(answers.Texts().isEmpty());
-    } else {
-        QCOMPARE(answers.Texts(),
-                 QStringList{u"Are you sure you want to delete the course 'Botany'?"_s});
+        });
+        Action(frame, "actionEditInstructors")->trigger();
+        Action(frame, "actionAllInstructors")->trigger();
+        Action(frame, "actionBuildings")->trigger();
+        QCOMPARE(opened, (QList<qint64>{course, 0, -1}));
     }
-    if (!yes) {
-        QCOMPARE(DumpAll(), before);
-        return;
-    }
-    // The view follows: a new course is current, a deleted one gives way to
-    // All Courses, also after the next start.
-    const quint32 current = newCourse ? created : AllCoursesID;
-    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), current);
-    QCOMPARE(GetSemesterCourses(),
-             newCourse ? std::vector<quint32>{created} : std::vector<quint32>{});
-    QCOMPARE(CourseMenuHas(frame, "actionDeleteCourse"), newCourse);
-    QVERIFY(CourseMenuHas(frame, "actionNewCourse"));
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), current);
-}
 
-void TestCourseCommands::instructorCommandsOpenTheirMode()
-{
-    const quint32 course = Records::Course(u"Botany"_s);
-    SetCurrentCourse(course);
-    CMainFrame frame;
-    QList<qint64> opened;
-    DialogRunner::SetHook([&](QDialog& dialog) {
-        auto* instructors = qobject_cast<InstructorDlg*>(&dialog);
-        opened << (instructors ? qint64(instructors->CourseID()) : -1);
-        return int(QDialog::Rejected);
-    });
-    Action(frame, "actionEditInstructors")->trigger();
-    Action(frame, "actionAllInstructors")->trigger();
-    Action(frame, "actionBuildings")->trigger();
-    QCOMPARE(opened, (QList<qint64>{course, 0, -1}));
-}
-
-void TestCourseCommands::removalTakesEveryRowOfTheCourseOnly()
-{
-    const quint32 shared = Instructor(u"Dr. Vale"_s);
-    const quint32 doomed = Records::Course(u"Botany"_s);
-    const quint32 kept = Records::Course(u"Zoology"_s);
-    const quint32 doomedWork = FillCourse(doomed, shared);
-    const quint32 keptWork = FillCourse(kept, shared);
-    OutlookLink(doomedWork, 501, COutlookTable::olTaskItem);
-    OutlookLink(keptWork, 502, COutlookTable::olTaskItem);
-    OutlookLink(shared, 503, COutlookTable::olContactItem);
-    SetCurrentCourse(kept);
-
-    QVERIFY(RemoveCourse(doomed));
-
-    const struct
+    void removalTakesEveryRowOfTheCourseOnly()
     {
-        const char* table;
-        const char* column;
-    } perCourse[] = {
-        {"Course", "id"},
-        {"Time", "ForeignRecordID"},
-        {"Textbook", "CourseID"},
-        {"TextbookOrder", "CourseID"},
-        {"CourseInstructor", "CourseID"},
-        {"Coursework", "CourseID"},
-        {"CwType", "CourseID"},
-        {"CwTypeOrder", "CourseID"},
-        {"GradingPolicyGrade", "CourseID"},
-        {"GradingPolicy", "CourseID"},
-        {"CourseOrder", "CourseID"},
-    };
-    for (const auto& rows : perCourse) {
-        QVERIFY2(CountWhere(rows.table, rows.column, doomed) == 0, rows.table);
-        QVERIFY2(CountWhere(rows.table, rows.column, kept) == 1, rows.table);
+        const quint32 shared = Instructor(u"Dr. Vale"_s);
+        const quint32 doomed = Records::Course(u"Botany"_s);
+        const quint32 kept = Records::Course(u"Zoology"_s);
+        const quint32 doomedWork = FillCourse(doomed, shared);
+        const quint32 keptWork = FillCourse(kept, shared);
+        OutlookLink(doomedWork, 501, COutlookTable::olTaskItem);
+        OutlookLink(keptWork, 502, COutlookTable::olTaskItem);
+        OutlookLink(shared, 503, COutlookTable::olContactItem);
+        SetCurrentCourse(kept);
+
+        QVERIFY(RemoveCourse(doomed));
+
+        QList<std::pair<const char*, const char*>> perCourse{{"Course", "id"},
+                                                             {"Time", "ForeignRecordID"}};
+        for (const char* table :
+             {"Textbook", "TextbookOrder", "CourseInstructor", "Coursework", "CwType",
+              "CwTypeOrder", "GradingPolicyGrade", "GradingPolicy", "CourseOrder"})
+            perCourse.append({table, "CourseID"});
+        for (const auto& [table, column] : perCourse) {
+            QVERIFY2(CountWhere(table, column, doomed) == 0, table);
+            QVERIFY2(CountWhere(table, column, kept) == 1, table);
+        }
+        // The shared instructor and the other course's link stay; so do all
+        // export links, and the other course stays current.
+        QCOMPARE(Records::Count("Instructor"), 1);
+        QCOMPARE(CountWhere("CourseInstructor", "InstructorID", shared), 1);
+        QCOMPARE(Records::Count("OutlookLink"), 3);
+        QCOMPARE(CountWhere("OutlookLink", "BrindleItemID", doomedWork), 1);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), kept);
+
+        // A course that is gone: nothing changes, but rows left behind by it
+        // are still cleared.
+        const QStringList before = DumpAll();
+        RemoveCourse(doomed);
+        QCOMPARE(DumpAll(), before);
+        Sql("DELETE FROM Course WHERE id = " + QByteArray::number(kept));
+        RemoveCourse(kept);
+        QCOMPARE(CountWhere("Time", "ForeignRecordID", kept), 0);
+        QCOMPARE(CountWhere("CourseOrder", "CourseID", kept), 0);
     }
-    // The shared instructor and the other course's link stay; so do all
-    // export links, and the other course stays current.
-    QCOMPARE(Records::Count("Instructor"), 1);
-    QCOMPARE(CountWhere("CourseInstructor", "InstructorID", shared), 1);
-    QCOMPARE(Records::Count("OutlookLink"), 3);
-    QCOMPARE(CountWhere("OutlookLink", "BrindleItemID", doomedWork), 1);
-    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), kept);
-}
-
-void TestCourseCommands::removalOfAMissingCourse()
-{
-    const quint32 course = Records::Course(u"Botany"_s);
-    Time(course, CTimeTable::Friday);
-    const QStringList before = DumpAll();
-    RemoveCourse(course + 1000);
-    QCOMPARE(DumpAll(), before);
-
-    // Rows left behind by a course already gone are still cleared.
-    Sql("DELETE FROM Course");
-    RemoveCourse(course);
-    QCOMPARE(CountWhere("Time", "ForeignRecordID", course), 0);
-    QCOMPARE(CountWhere("CourseOrder", "CourseID", course), 0);
-}
+};
 
 QTEST_MAIN(TestCourseCommands)
 #include "tst_coursecommands.moc"

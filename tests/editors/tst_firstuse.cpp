@@ -1,36 +1,33 @@
-// What a new user meets first in the editors: Escape and Return act on the
-// open entry editor before the dialog, every dialog opens with the focus in
-// its first field, a typed building stays with its instructor, the building
-// box has the Buildings dialog's limit, list keys and the number field's hint.
+// What a new user meets first across the dialogs: Escape and Return act on
+// the open entry editor before the dialog; every dialog opens with the focus
+// in its first field, its menus open with Alt and a letter and its Help button
+// opens its own section of the help file; the help viewer stays usable from a
+// modal dialog; the grade list's keys; the number field's hint. An editor's
+// other keys are in its own test.
 #include "EditorRecords.h"
 #include "app/TodayCompanionDlg.h"
 #include "controls/DialogRunner.h"
-#include "controls/FirstField.h"
 #include "controls/HelpViewer.h"
+#include "controls/ListChooserDlg.h"
 #include "controls/NumericEdit.h"
+#include "controls/TextDlg.h"
 #include "editors/BuildingDlg.h"
 #include "editors/CourseDlg.h"
-#include "editors/CourseDlgBasicPage.h"
-#include "editors/CourseDlgBooksPage.h"
 #include "editors/CourseworkDlg.h"
-#include "editors/CourseworkDlgInfoPage.h"
 #include "editors/InstructorDlg.h"
-#include "editors/InstructorDlgBasicPage.h"
-#include "editors/RoomPage.h"
-#include "editors/TimeListPage.h"
-#include "grading/dialogs/CwTypeEditor.h"
+#include "editors/ListEditPage.h"
 #include "grading/dialogs/GradingDlg.h"
-#include "grading/dialogs/GradingDlgTypesPage.h"
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgScalePage.h"
-#include "grading/dialogs/MinimumPercentEditor.h"
 #include "outlook/dialogs/ExportFoldersDlg.h"
+#include "store/Database.h"
+#include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QApplication>
-#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
@@ -44,7 +41,7 @@
 #include <functional>
 #include <memory>
 
-using namespace EditorRecords;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -57,424 +54,266 @@ struct OpenEditor
     std::function<bool()> editorOpen;
 };
 
-quint32 CourseWithScale(const QString& name)
+std::unique_ptr<QDialog> Make(const QString& kind)
 {
-    const quint32 course = Records::Course(name);
-    Records::CwType(course, QStringLiteral("Homework"), 0.0, 0, 0);
+    const quint32 course = Records::Course(u"Art"_s);
+    Records::CwType(course, u"Homework"_s, 0.0, 0, 0);
     for (quint16 g = 0; g < 4; ++g)
         Records::MinimumPercent(course, g, 90.0 - 10.0 * g);
-    return course;
-}
-
-template <typename Dialog, typename Count, typename IsOpen>
-OpenEditor Hold(Dialog* dialog, Count count, IsOpen isOpen)
-{
-    return {std::unique_ptr<QDialog>(dialog), [dialog, count] { return int(count(*dialog)); },
-            [dialog, isOpen] { return bool(isOpen(*dialog)); }};
-}
-
-OpenEditor Open(const QString& kind)
-{
-    if (kind == QLatin1String("meeting time") || kind == QLatin1String("textbook")) {
-        auto* dialog = new CourseDlg;
+    EditorRecords::Instructor(u"Dr. Who"_s);
+    if (kind == u"course"_s) {
+        auto dialog = std::make_unique<CourseDlg>();
         dialog->SetCourse(CourseDlg::NewCourseID);
-        if (kind == QLatin1String("meeting time")) {
-            dialog->Pages()->setCurrentWidget(dialog->TimesPage());
-            dialog->TimesPage()->NewTime();
-            return Hold(dialog, [](CourseDlg& d) { return d.Times().size(); },
-                        [](CourseDlg& d) { return d.TimesPage()->IsEditorOpen(); });
-        }
-        dialog->Pages()->setCurrentWidget(dialog->BooksPage());
-        dialog->BooksPage()->NewTextbook();
-        return Hold(dialog, [](CourseDlg& d) { return d.Textbooks().size(); },
-                    [](CourseDlg& d) { return d.BooksPage()->IsEditorOpen(); });
+        return dialog;
     }
-    if (kind == QLatin1String("office hour")) {
-        Instructor(QStringLiteral("Dr. Who"));
-        auto* dialog = new InstructorDlg(InstructorDlg::AllInstructors);
-        dialog->Pages()->setCurrentWidget(dialog->HoursPage());
-        dialog->HoursPage()->NewTime();
-        return Hold(dialog, [](InstructorDlg& d) { return d.Entries().front().officeHours.size(); },
-                    [](InstructorDlg& d) { return d.HoursPage()->IsEditorOpen(); });
+    if (kind == u"coursework"_s) {
+        auto dialog = std::make_unique<CourseworkDlg>();
+        dialog->SetCourseID(course);
+        dialog->SetNew(true);
+        dialog->OnInitDialog();
+        return dialog;
     }
-    if (kind == QLatin1String("building")) {
-        auto* dialog = new BuildingDlg;
-        dialog->Page()->NewBuilding();
-        return Hold(dialog, [](BuildingDlg& d) { return d.Entries().size(); },
-                    [](BuildingDlg& d) { return d.Page()->IsEditorOpen(); });
-    }
-    const quint32 course = CourseWithScale(QStringLiteral("Art"));
-    if (kind == QLatin1String("cw type"))
-        return Hold(new GradingDlg(course, true), [](GradingDlg& d) { return d.TypeEntries().size(); },
-                    [](GradingDlg& d) { return d.EditingTypeRow() != GradingDlg::NotEditing; });
-    auto* dialog = new GradingDlg(course);
-    dialog->EditMinimum(0);
-    // Applying the minimum changes its value, not the count.
-    return Hold(dialog, [](GradingDlg& d) { return d.MinimumEntries().front().minimum; },
-                [](GradingDlg& d) { return d.EditingMinimumRow() >= 0; });
+    if (kind == u"instructors"_s)
+        return std::make_unique<InstructorDlg>(InstructorDlg::AllInstructors);
+    if (kind == u"buildings"_s)
+        return std::make_unique<BuildingDlg>();
+    if (kind == u"grading"_s || kind == u"grading, new type"_s)
+        return std::make_unique<GradingDlg>(course, kind != u"grading"_s);
+    if (kind == u"export folders"_s)
+        return std::make_unique<ExportFoldersDlg>();
+    if (kind == u"today"_s)
+        return std::make_unique<TodayCompanionDlg>();
+    if (kind == u"chooser"_s)
+        return std::make_unique<ListChooserDlg>(
+            u"Pick"_s, std::vector<ListChooserDlg::Item>{{u"Dr. Who"_s, 1}});
+    if (kind == u"text"_s)
+        return std::make_unique<TextDlg>(u"Notes"_s, QString());
+    return std::make_unique<InstitutionDlg>();
 }
 
-// Types a valid value into the editor's field that has the focus.
-void FillFocusedField(const QString& kind)
+// The dialog with an in-place entry editor opened on it, as Insert on the
+// named list does: how many entries it holds, whether the editor is open.
+struct OpenEditor
 {
-    QWidget* field = QApplication::focusWidget();
-    if (kind == QLatin1String("minimum percent")) {
-        auto* edit = qobject_cast<QLineEdit*>(field);
-        QVERIFY(edit);
-        edit->selectAll();
-        QTest::keyClicks(edit, QStringLiteral("95"));
-    } else if (qobject_cast<QLineEdit*>(field)) {
-        QTest::keyClicks(field, QStringLiteral("Entry"));
+    std::unique_ptr<QDialog> dialog;
+    std::function<int()> count;
+    std::function<bool()> editorOpen;
+};
+
+OpenEditor Open(const QString& kind, const QString& list)
+{
+    std::unique_ptr<QDialog> dialog = Make(kind);
+    auto* grading = qobject_cast<GradingDlg*>(dialog.get());
+    if (grading && list == u"types pane"_s)
+        return {std::move(dialog), [grading] { return int(grading->TypeEntries().size()); },
+                [grading] { return grading->EditingTypeRow() != GradingDlg::NotEditing; }};
+    if (grading) {
+        grading->EditMinimum(0);
+        // Applying the minimum changes its value, not the count.
+        return {std::move(dialog),
+                [grading] { return int(grading->MinimumEntries().front().minimum); },
+                [grading] { return grading->EditingMinimumRow() >= 0; }};
     }
+    CListEditPage* page = nullptr;
+    for (CListEditPage* candidate : dialog->findChildren<CListEditPage*>())
+        if (candidate->List()->objectName() == list)
+            page = candidate;
+    if (auto* tabs = dialog->findChild<QTabWidget*>(u"pages"_s))
+        tabs->setCurrentWidget(page);
+    QTest::keyClick(page->List(), Qt::Key_Insert);
+    return {std::move(dialog), [page] { return page->List()->count(); },
+            [page] { return page->IsEditorOpen(); }};
 }
 
 } // namespace
 
-class TestFirstUse : public QObject
+class TestFirstUse : public DatabaseTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup()
+    void keysActOnTheEntryEditorFirst_data()
     {
-        DialogRunner::SetHook({});
-        m_db.reset();
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<int>("added");
+        const std::pair<QString, QString> lists[] = {{u"course"_s, u"timeList"_s},
+                                                     {u"course"_s, u"textbookList"_s},
+                                                     {u"instructors"_s, u"timeList"_s},
+                                                     {u"buildings"_s, u"buildingList"_s},
+                                                     {u"grading, new type"_s, u"types pane"_s},
+                                                     {u"grading"_s, u"minimum pane"_s}};
+        for (const auto& [kind, list] : lists) {
+            // The minimum pane's count is its value: 90 before, 95 once applied.
+            const int gain = list == u"minimum pane"_s ? 5 : 1;
+            const QByteArray name = (kind + u", "_s + list).toLatin1();
+            QTest::addRow("%s, Escape", name.data())
+                << kind << list << int(Qt::Key_Escape) << 0 << 0;
+            QTest::addRow("%s, Return", name.data())
+                << kind << list << int(Qt::Key_Return) << 0 << gain;
+            QTest::addRow("%s, keypad Enter", name.data())
+                << kind << list << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << gain;
+        }
     }
-    void init()
+    void keysActOnTheEntryEditorFirst()
     {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
+        QFETCH(QString, kind);
+        QFETCH(QString, list);
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(int, added);
+        OpenEditor open = Open(kind, list);
+        QDialog& dialog = *open.dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QVERIFY(open.editorOpen());
+        const int before = open.count();
+        // A valid value in the editor's field that has the focus.
+        auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        if (list == u"minimum pane"_s) {
+            QVERIFY(field);
+            field->selectAll();
+            QTest::keyClicks(field, u"95"_s);
+        } else if (field) {
+            QTest::keyClicks(field, u"Entry"_s);
+        }
+        QVERIFY(QApplication::focusWidget());
+
+        MessageAnswers answers;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key(key),
+                        Qt::KeyboardModifiers(modifiers));
+        QVERIFY(!open.editorOpen());
+        QCOMPARE(open.count(), before + added);
+        // The dialog, and what was typed in it, is still there.
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.result(), 0);
+        QCOMPARE(answers.Texts(), QStringList());
     }
 
-    void keysActOnTheEntryEditorFirst_data();
-    void keysActOnTheEntryEditorFirst();
-    void escapeWithoutEditorCancelsTheDialog();
-    void dialogsOpenInTheirFirstField_data();
-    void dialogsOpenInTheirFirstField();
-    void editorMenusHaveMnemonics_data();
-    void editorMenusHaveMnemonics();
-    void typedBuildingStaysWithItsInstructor_data();
-    void typedBuildingStaysWithItsInstructor();
-    void instructorBoxFollowsTheTypedName();
-    void buildingBoxHasTheBuildingsLimit();
-    void listKeys_data();
-    void listKeys();
-    void gradeListKeys_data();
-    void gradeListKeys();
-    void numberFieldHintsAtRefusedCharacters();
-    void helpStaysUsableFromDialogs();
+    void dialogsOpenForTheKeyboard_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("help"); // the dialog's section of the help file
+        QTest::newRow("New Course") << u"course"_s << u"courseName"_s << u"CourseDlg"_s;
+        QTest::newRow("Add Coursework") << u"coursework"_s << u"nameEdit"_s << u"CourseworkDlg"_s;
+        QTest::newRow("Instructors")
+            << u"instructors"_s << u"currentInstructors"_s << u"InstructorDlg"_s;
+        QTest::newRow("Buildings") << u"buildings"_s << u"buildingList"_s << u"BuildingDlg"_s;
+        QTest::newRow("Institution") << u"institution"_s << u"scaleCombo"_s << u"InstitutionDlg"_s;
+        QTest::newRow("Export Folders")
+            << u"export folders"_s << u"tasksFolderEdit"_s << u"ExportFoldersDlg"_s;
+        QTest::newRow("Today Companion")
+            << u"today"_s << u"startAtLoginBox"_s << u"TodayCompanionDlg"_s;
+        QTest::newRow("chooser") << u"chooser"_s << u"chooserList"_s << u"ListChooserDlg"_s;
+        QTest::newRow("text") << u"text"_s << u"textEdit"_s << u"TextDlg"_s;
+    }
+    void dialogsOpenForTheKeyboard()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, field);
+        QFETCH(QString, help);
+        std::unique_ptr<QDialog> dialog = Make(kind);
+        QString focused;
+        DialogRunner::SetHook([&focused](QDialog& shown) {
+            shown.show();
+            if (QTest::qWaitForWindowActive(&shown) && QApplication::focusWidget())
+                focused = QApplication::focusWidget()->objectName();
+            return int(QDialog::Rejected);
+        });
+        DialogRunner::Run(*dialog);
+        QCOMPARE(focused, field);
+        // Every menu of an editor's bar, the export's too, opens with Alt and a letter.
+        if (const auto* bar = dialog->findChild<QMenuBar*>()) {
+            QVERIFY(!bar->actions().isEmpty());
+            for (const QAction* menu : bar->actions())
+                QVERIFY2(!QKeySequence::mnemonic(menu->text()).isEmpty(), qPrintable(menu->text()));
+        }
 
-private:
-    std::unique_ptr<TestDatabase> m_db;
+        QCOMPARE(dialog->objectName(), help);
+        auto* buttons = dialog->findChild<QDialogButtonBox*>(u"buttons"_s);
+        QVERIFY(buttons && buttons->button(QDialogButtonBox::Help));
+        buttons->button(QDialogButtonBox::Help)->click();
+        auto* viewer = dialog->findChild<CHelpViewer*>();
+        QVERIFY(viewer);
+        QCOMPARE(viewer->CurrentTopic(), help);
+        viewer->close();
+        QFile file(GetInstallationPath() + u"/Brindle.htm"_s);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString anchor = u"<a name=\"%1\"></a>"_s.arg(help);
+        QVERIFY2(QString::fromUtf8(file.readAll()).contains(anchor), qPrintable(anchor));
+    }
+
+    void helpStaysUsableFromDialogs()
+    {
+        QWidget mainWindow;
+        mainWindow.show();
+        CHelpViewer* viewer = CHelpViewer::ShowTopic(u"main_contents"_s, &mainWindow);
+        QCOMPARE(viewer->parentWidget(), &mainWindow);
+
+        // A modal dialog asks for help later: the same viewer now belongs to it,
+        // so the dialog's modality does not block it.
+        QDialog dialog(&mainWindow);
+        dialog.setWindowModality(Qt::ApplicationModal);
+        dialog.show();
+        QCOMPARE(CHelpViewer::ShowTopic(u"CourseDlg"_s, &dialog), viewer);
+        QCOMPARE(viewer->parentWidget(), &dialog);
+        QVERIFY(viewer->isVisible());
+        QCOMPARE(viewer->CurrentTopic(), u"CourseDlg"_s);
+        // Back and Contents.
+        QVERIFY(viewer->BackButton()->isEnabled());
+        viewer->BackButton()->click();
+        QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
+        viewer->ContentsButton()->click();
+        QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
+
+        // When the dialog closes, the viewer stays, with the window below it.
+        dialog.reject();
+        QCOMPARE(viewer->parentWidget(), &mainWindow);
+        QVERIFY(viewer->isVisible());
+        viewer->close();
+    }
+
+    void gradeListKeys()
+    {
+        InstitutionDlg dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        InstitutionDlgScalePage* page = dialog.ScalePage();
+        QSignalSpy added(page, &InstitutionDlgScalePage::NewRequested);
+        QSignalSpy edited(page, &InstitutionDlgScalePage::EditRequested);
+        QSignalSpy deleted(page, &InstitutionDlgScalePage::DeleteRequested);
+        // The sub-dialogs and the question answer themselves: only the request matters.
+        DialogRunner::SetHook([](QDialog&) { return int(QDialog::Rejected); });
+        MessageAnswers answers({}, QMessageBox::No);
+        QTreeWidget* list = page->GradeList();
+        list->setFocus();
+        list->setCurrentItem(list->topLevelItem(0));
+        const auto requests = [&] {
+            return QList<qsizetype>{added.count(), edited.count(), deleted.count()};
+        };
+        QTest::keyClick(list, Qt::Key_Insert);
+        QCOMPARE(requests(), (QList<qsizetype>{1, 0, 0}));
+        QTest::keyClick(list, Qt::Key_F2);
+        QCOMPARE(requests(), (QList<qsizetype>{1, 1, 0}));
+        QTest::keyClick(list, Qt::Key_Delete);
+        QCOMPARE(requests(), (QList<qsizetype>{1, 1, 1}));
+    }
+
+    void numberFieldHintsAtRefusedCharacters()
+    {
+        CNumericEdit edit;
+        QSignalSpy hints(&edit, &CNumericEdit::HintShown);
+        QTest::keyClicks(&edit, u"7"_s);
+        QCOMPARE(hints.count(), 0);
+        QTest::keyClicks(&edit, u"x"_s);
+        QCOMPARE(hints.count(), 1);
+        QVERIFY(!hints.front().front().toString().isEmpty());
+        QCOMPARE(edit.text(), u"7"_s);
+    }
 };
-
-void TestFirstUse::keysActOnTheEntryEditorFirst_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<int>("added");
-
-    const QStringList kinds{QStringLiteral("meeting time"), QStringLiteral("textbook"),
-                            QStringLiteral("office hour"),  QStringLiteral("building"),
-                            QStringLiteral("cw type"),      QStringLiteral("minimum percent")};
-    for (const QString& kind : kinds) {
-        // The minimum pane's count is its value: 90 before, 95 once applied.
-        const int gain = kind == QLatin1String("minimum percent") ? 5 : 1;
-        QTest::addRow("%s, Escape", qPrintable(kind)) << kind << int(Qt::Key_Escape) << 0 << 0;
-        QTest::addRow("%s, Return", qPrintable(kind)) << kind << int(Qt::Key_Return) << 0 << gain;
-        QTest::addRow("%s, keypad Enter", qPrintable(kind))
-            << kind << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << gain;
-    }
-}
-
-void TestFirstUse::keysActOnTheEntryEditorFirst()
-{
-    QFETCH(QString, kind);
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(int, added);
-
-    OpenEditor open = Open(kind);
-    QDialog& dialog = *open.dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QVERIFY(open.editorOpen());
-    const int before = open.count();
-    FillFocusedField(kind);
-    QVERIFY(QApplication::focusWidget());
-
-    MessageAnswers answers;
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-
-    QVERIFY(!open.editorOpen());
-    QCOMPARE(open.count(), before + added);
-    // The dialog, and what was typed in it, is still there.
-    QVERIFY(dialog.isVisible());
-    QCOMPARE(dialog.result(), 0);
-    QCOMPARE(answers.Texts(), QStringList());
-}
-
-void TestFirstUse::escapeWithoutEditorCancelsTheDialog()
-{
-    BuildingDlg dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
-}
-
-void TestFirstUse::dialogsOpenInTheirFirstField_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("field");
-
-    QTest::newRow("New Course") << QStringLiteral("course") << QStringLiteral("courseName");
-    QTest::newRow("Add Coursework") << QStringLiteral("coursework") << QStringLiteral("nameEdit");
-    QTest::newRow("Buildings") << QStringLiteral("buildings") << QStringLiteral("buildingList");
-    QTest::newRow("Institution") << QStringLiteral("institution") << QStringLiteral("scaleCombo");
-    QTest::newRow("Export Folders")
-        << QStringLiteral("export folders") << QStringLiteral("tasksFolderEdit");
-    QTest::newRow("Today Companion")
-        << QStringLiteral("today") << QStringLiteral("startAtLoginBox");
-}
-
-void TestFirstUse::dialogsOpenInTheirFirstField()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, field);
-
-    const quint32 course = CourseWithScale(QStringLiteral("Art"));
-    std::unique_ptr<QDialog> dialog;
-    if (kind == QLatin1String("course")) {
-        auto* courseDlg = new CourseDlg;
-        courseDlg->SetCourse(CourseDlg::NewCourseID);
-        dialog.reset(courseDlg);
-    } else if (kind == QLatin1String("coursework")) {
-        auto* courseworkDlg = new CourseworkDlg;
-        courseworkDlg->SetCourseID(course);
-        courseworkDlg->SetNew(true);
-        QVERIFY(courseworkDlg->OnInitDialog());
-        dialog.reset(courseworkDlg);
-    } else if (kind == QLatin1String("buildings")) {
-        dialog = std::make_unique<BuildingDlg>();
-    } else if (kind == QLatin1String("export folders")) {
-        dialog = std::make_unique<ExportFoldersDlg>();
-    } else if (kind == QLatin1String("today")) {
-        dialog = std::make_unique<TodayCompanionDlg>();
-    } else {
-        dialog = std::make_unique<InstitutionDlg>();
-    }
-
-    QString focused;
-    DialogRunner::SetHook([&focused](QDialog& shown) {
-        shown.show();
-        if (QTest::qWaitForWindowActive(&shown) && QApplication::focusWidget())
-            focused = QApplication::focusWidget()->objectName();
-        return int(QDialog::Rejected);
-    });
-    DialogRunner::Run(*dialog);
-    QCOMPARE(focused, field);
-}
-
-void TestFirstUse::editorMenusHaveMnemonics_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::newRow("course editor") << QStringLiteral("course");
-    QTest::newRow("coursework editor") << QStringLiteral("coursework");
-    QTest::newRow("instructors editor") << QStringLiteral("instructors");
-}
-
-void TestFirstUse::editorMenusHaveMnemonics()
-{
-    QFETCH(QString, kind);
-    std::unique_ptr<QDialog> dialog;
-    if (kind == QLatin1String("course"))
-        dialog = std::make_unique<CourseDlg>();
-    else if (kind == QLatin1String("coursework"))
-        dialog = std::make_unique<CourseworkDlg>();
-    else
-        dialog = std::make_unique<InstructorDlg>(InstructorDlg::AllInstructors);
-
-    const auto* bar = dialog->findChild<QMenuBar*>();
-    QVERIFY(bar);
-    QVERIFY(!bar->actions().isEmpty());
-    // Every menu of the bar, the export's too, opens with Alt and a letter.
-    for (const QAction* menu : bar->actions()) {
-        const QString title = menu->text();
-        QVERIFY2(!QKeySequence::mnemonic(title).isEmpty(), qPrintable(title));
-    }
-}
-
-void TestFirstUse::typedBuildingStaysWithItsInstructor_data()
-{
-    QTest::addColumn<QString>("step");
-    QTest::newRow("chosen again") << QStringLiteral("choose");
-    QTest::newRow("another deleted") << QStringLiteral("delete");
-    QTest::newRow("From Previous") << QStringLiteral("previous");
-}
-
-void TestFirstUse::typedBuildingStaysWithItsInstructor()
-{
-    QFETCH(QString, step);
-    const quint32 course = CourseWithScale(QStringLiteral("Art"));
-    Link(course, Instructor(QStringLiteral("Ada")));
-    Link(course, Instructor(QStringLiteral("Bob")));
-    const quint32 carl = Instructor(QStringLiteral("Carl"));
-
-    InstructorDlg dialog(course);
-    QCOMPARE(dialog.ShownIndex(), 0);
-    dialog.RoomPage()->BuildingBox()->setEditText(QStringLiteral("Science Hall"));
-    if (step == QLatin1String("choose")) {
-        dialog.SelectEntry(1);
-        dialog.SelectEntry(0);
-    } else if (step == QLatin1String("delete")) {
-        dialog.SelectEntry(1);
-        dialog.OnDeleteCurrent(); // Bob goes; Ada is shown again
-    } else {
-        dialog.AddPrevious(carl);
-        dialog.SelectEntry(0);
-    }
-    QCOMPARE(dialog.ShownIndex(), 0);
-    QCOMPARE(dialog.RoomPage()->BuildingText(), QStringLiteral("Science Hall"));
-    QVERIFY(dialog.OnOK());
-
-    CInstructorTable instructors;
-    QVERIFY(instructors.Open());
-    QVERIFY(instructors.MoveToRecord(dialog.Entries().front().id));
-    const quint32 building = instructors.GetBuildingID();
-    QVERIFY(building != 0);
-    QCOMPARE(CBuildingTable::GetBuildingNameFromID(building), QStringLiteral("Science Hall"));
-}
-
-void TestFirstUse::instructorBoxFollowsTheTypedName()
-{
-    InstructorDlg dialog(InstructorDlg::AllInstructors);
-    dialog.OnBrandNew();
-    QLineEdit* name = dialog.BasicPage()->NameEdit();
-    name->selectAll();
-    QTest::keyClicks(name, QStringLiteral("Grace"));
-    QComboBox* box = dialog.BasicPage()->InstructorBox();
-    QCOMPARE(box->currentText(), QStringLiteral("Grace"));
-}
-
-void TestFirstUse::buildingBoxHasTheBuildingsLimit()
-{
-    CourseDlg course;
-    course.SetCourse(CourseDlg::NewCourseID);
-    InstructorDlg instructors(InstructorDlg::AllInstructors);
-    instructors.OnBrandNew();
-    const QString tooLong(CBuildingListPage::NameLimit + 20, QLatin1Char('x'));
-    for (CRoomPage* page : {course.RoomPage(), instructors.RoomPage()}) {
-        QLineEdit* edit = page->BuildingBox()->lineEdit();
-        QVERIFY(edit);
-        edit->clear();
-        QTest::keyClicks(edit, tooLong);
-        QCOMPARE(page->BuildingText().size(), qsizetype(CBuildingListPage::NameLimit));
-    }
-}
-
-void TestFirstUse::listKeys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("entries");
-    QTest::addColumn<bool>("editorOpen");
-
-    QTest::newRow("Insert starts a new one") << int(Qt::Key_Insert) << 2 << true;
-    QTest::newRow("F2 edits") << int(Qt::Key_F2) << 2 << true;
-    QTest::newRow("Delete deletes") << int(Qt::Key_Delete) << 1 << false;
-}
-
-void TestFirstUse::listKeys()
-{
-    QFETCH(int, key);
-    QFETCH(int, entries);
-    QFETCH(bool, editorOpen);
-
-    Building(QStringLiteral("Hall"));
-    Building(QStringLiteral("Tower"));
-    BuildingDlg dialog;
-    QListWidget* list = dialog.Page()->List();
-    list->setCurrentRow(1);
-    QTest::keyClick(list, Qt::Key(key));
-    QCOMPARE(int(dialog.Entries().size()), entries);
-    QCOMPARE(dialog.Page()->IsEditorOpen(), editorOpen);
-}
-
-void TestFirstUse::gradeListKeys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<QList<int>>("requests"); // new, edit, delete
-    QTest::newRow("Insert") << int(Qt::Key_Insert) << QList<int>{1, 0, 0};
-    QTest::newRow("F2") << int(Qt::Key_F2) << QList<int>{0, 1, 0};
-    QTest::newRow("Delete") << int(Qt::Key_Delete) << QList<int>{0, 0, 1};
-}
-
-void TestFirstUse::gradeListKeys()
-{
-    QFETCH(int, key);
-    QFETCH(QList<int>, requests);
-    InstitutionDlg dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    InstitutionDlgScalePage* page = dialog.ScalePage();
-    QSignalSpy added(page, &InstitutionDlgScalePage::NewRequested);
-    QSignalSpy edited(page, &InstitutionDlgScalePage::EditRequested);
-    QSignalSpy deleted(page, &InstitutionDlgScalePage::DeleteRequested);
-    // The sub-dialogs answer themselves: only the request matters here.
-    DialogRunner::SetHook([](QDialog&) { return int(QDialog::Rejected); });
-    MessageAnswers answers({QMessageBox::No});
-    QTreeWidget* list = page->GradeList();
-    list->setFocus();
-    list->setCurrentItem(list->topLevelItem(0));
-    QTest::keyClick(list, Qt::Key(key));
-    QCOMPARE((QList<int>{int(added.count()), int(edited.count()), int(deleted.count())}), requests);
-}
-
-void TestFirstUse::numberFieldHintsAtRefusedCharacters()
-{
-    CNumericEdit edit;
-    QSignalSpy hints(&edit, &CNumericEdit::HintShown);
-    QTest::keyClicks(&edit, QStringLiteral("7"));
-    QCOMPARE(hints.count(), 0);
-    QTest::keyClicks(&edit, QStringLiteral("x"));
-    QCOMPARE(hints.count(), 1);
-    QVERIFY(!hints.front().front().toString().isEmpty());
-    QCOMPARE(edit.text(), QStringLiteral("7"));
-}
-
-void TestFirstUse::helpStaysUsableFromDialogs()
-{
-    QWidget mainWindow;
-    mainWindow.show();
-    CHelpViewer* viewer = CHelpViewer::ShowTopic(QStringLiteral("main_contents"), &mainWindow);
-    QCOMPARE(viewer->parentWidget(), &mainWindow);
-
-    // A modal dialog asks for help later: the same viewer now belongs to it,
-    // so the dialog's modality does not block it.
-    QDialog dialog(&mainWindow);
-    dialog.setObjectName(QStringLiteral("CourseDlg"));
-    dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.show();
-    QCOMPARE(CHelpViewer::ShowTopic(QStringLiteral("CourseDlg"), &dialog), viewer);
-    QCOMPARE(viewer->parentWidget(), &dialog);
-    QVERIFY(viewer->isVisible());
-    QCOMPARE(viewer->CurrentTopic(), QStringLiteral("CourseDlg"));
-
-    // Back and Contents.
-    QVERIFY(viewer->BackButton()->isEnabled());
-    viewer->BackButton()->click();
-    QCOMPARE(viewer->Browser()->source().fragment(), QStringLiteral("main_contents"));
-    viewer->ContentsButton()->click();
-    QCOMPARE(viewer->CurrentTopic(), QStringLiteral("main_contents"));
-
-    // When the dialog closes, the viewer stays, with the window below it.
-    dialog.reject();
-    QCOMPARE(viewer->parentWidget(), &mainWindow);
-    QVERIFY(viewer->isVisible());
-    viewer->close();
-}
 
 QTEST_MAIN(TestFirstUse)
 #include "tst_firstuse.moc"
