@@ -87,10 +87,7 @@ private slots:
                 return int(QDialog::Rejected);
             created = editor->CourseID();
             editor->findChild<QLineEdit*>(u"courseName"_s)->setText(u"Astronomy"_s);
-            if (yes)
-                editor->accept();
-            else
-                editor->reject();
+            yes ? editor->accept() : editor->reject();
             return editor->result();
         });
         MessageAnswers answers({yes ? QMessageBox::Yes : QMessageBox::No});
@@ -155,7 +152,7 @@ private slots:
         for (const char* table :
              {"Textbook", "TextbookOrder", "CourseInstructor", "Coursework", "CwType",
               "CwTypeOrder", "GradingPolicyGrade", "GradingPolicy", "CourseOrder"})
-            perCourse.append({table, "CourseID"});
+            perCourse.append(std::pair(table, "CourseID"));
         for (const auto& [table, column] : perCourse) {
             QVERIFY2(CountWhere(table, column, doomed) == 0, table);
             QVERIFY2(CountWhere(table, column, kept) == 1, table);

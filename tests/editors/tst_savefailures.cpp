@@ -4,6 +4,7 @@
 // dialog open with what was typed, and leaves the database exactly as it was
 // (also after the next start, which recovers the journal); OK again then saves.
 #include "BrindleData.h"
+#include "controls/NumericEdit.h"
 #include "editors/CourseDlg.h"
 #include "editors/CourseRemoval.h"
 #include "editors/CourseworkDlg.h"
