@@ -45,15 +45,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// One dialog with an in-place entry editor opened on it: how many entries it
-// holds, whether the editor is still open.
-struct OpenEditor
-{
-    std::unique_ptr<QDialog> dialog;
-    std::function<int()> count;
-    std::function<bool()> editorOpen;
-};
-
 std::unique_ptr<QDialog> Make(const QString& kind)
 {
     const quint32 course = Records::Course(u"Art"_s);
@@ -61,32 +52,32 @@ std::unique_ptr<QDialog> Make(const QString& kind)
     for (quint16 g = 0; g < 4; ++g)
         Records::MinimumPercent(course, g, 90.0 - 10.0 * g);
     EditorRecords::Instructor(u"Dr. Who"_s);
-    if (kind == u"course"_s) {
+    if (kind == u"CourseDlg"_s) {
         auto dialog = std::make_unique<CourseDlg>();
         dialog->SetCourse(CourseDlg::NewCourseID);
         return dialog;
     }
-    if (kind == u"coursework"_s) {
+    if (kind == u"CourseworkDlg"_s) {
         auto dialog = std::make_unique<CourseworkDlg>();
         dialog->SetCourseID(course);
         dialog->SetNew(true);
         dialog->OnInitDialog();
         return dialog;
     }
-    if (kind == u"instructors"_s)
+    if (kind == u"InstructorDlg"_s)
         return std::make_unique<InstructorDlg>(InstructorDlg::AllInstructors);
-    if (kind == u"buildings"_s)
+    if (kind == u"BuildingDlg"_s)
         return std::make_unique<BuildingDlg>();
-    if (kind == u"grading"_s || kind == u"grading, new type"_s)
-        return std::make_unique<GradingDlg>(course, kind != u"grading"_s);
-    if (kind == u"export folders"_s)
+    if (kind == u"GradingDlg"_s)
+        return std::make_unique<GradingDlg>(course);
+    if (kind == u"ExportFoldersDlg"_s)
         return std::make_unique<ExportFoldersDlg>();
-    if (kind == u"today"_s)
+    if (kind == u"TodayCompanionDlg"_s)
         return std::make_unique<TodayCompanionDlg>();
-    if (kind == u"chooser"_s)
+    if (kind == u"ListChooserDlg"_s)
         return std::make_unique<ListChooserDlg>(
             u"Pick"_s, std::vector<ListChooserDlg::Item>{{u"Dr. Who"_s, 1}});
-    if (kind == u"text"_s)
+    if (kind == u"TextDlg"_s)
         return std::make_unique<TextDlg>(u"Notes"_s, QString());
     return std::make_unique<InstitutionDlg>();
 }
@@ -104,9 +95,11 @@ OpenEditor Open(const QString& kind, const QString& list)
 {
     std::unique_ptr<QDialog> dialog = Make(kind);
     auto* grading = qobject_cast<GradingDlg*>(dialog.get());
-    if (grading && list == u"types pane"_s)
+    if (grading && list == u"types pane"_s) {
+        grading->NewType();
         return {std::move(dialog), [grading] { return int(grading->TypeEntries().size()); },
                 [grading] { return grading->EditingTypeRow() != GradingDlg::NotEditing; }};
+    }
     if (grading) {
         grading->EditMinimum(0);
         // Applying the minimum changes its value, not the count.
@@ -136,9 +129,9 @@ private slots:
     {
         QTest::addColumn<QString>("where"); // the dialog and its list
         QTest::addColumn<int>("key");
-        for (const QString& where : {u"course/timeList"_s, u"course/textbookList"_s,
-                                     u"instructors/timeList"_s, u"buildings/buildingList"_s,
-                                     u"grading, new type/types pane"_s, u"grading/minimum pane"_s})
+        for (const QString& where : {u"CourseDlg/timeList"_s, u"CourseDlg/textbookList"_s,
+                                     u"InstructorDlg/timeList"_s, u"BuildingDlg/buildingList"_s,
+                                     u"GradingDlg/types pane"_s, u"GradingDlg/minimum pane"_s})
             for (int key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter})
                 QTest::addRow("%s, %s", qPrintable(where), qPrintable(QKeySequence(key).toString()))
                     << where << key;
@@ -183,27 +176,20 @@ private slots:
 
     void dialogsOpenForTheKeyboard_data()
     {
-        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("kind"); // also its section of the help file
         QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("help"); // the dialog's section of the help file
-        QTest::newRow("New Course") << u"course"_s << u"courseName"_s << u"CourseDlg"_s;
-        QTest::newRow("Add Coursework") << u"coursework"_s << u"nameEdit"_s << u"CourseworkDlg"_s;
-        QTest::newRow("Instructors")
-            << u"instructors"_s << u"currentInstructors"_s << u"InstructorDlg"_s;
-        QTest::newRow("Buildings") << u"buildings"_s << u"buildingList"_s << u"BuildingDlg"_s;
-        QTest::newRow("Institution") << u"institution"_s << u"scaleCombo"_s << u"InstitutionDlg"_s;
-        QTest::newRow("Export Folders")
-            << u"export folders"_s << u"tasksFolderEdit"_s << u"ExportFoldersDlg"_s;
-        QTest::newRow("Today Companion")
-            << u"today"_s << u"startAtLoginBox"_s << u"TodayCompanionDlg"_s;
-        QTest::newRow("chooser") << u"chooser"_s << u"chooserList"_s << u"ListChooserDlg"_s;
-        QTest::newRow("text") << u"text"_s << u"textEdit"_s << u"TextDlg"_s;
+        for (const QString& row :
+             {u"CourseDlg/courseName"_s, u"CourseworkDlg/nameEdit"_s,
+              u"InstructorDlg/currentInstructors"_s, u"BuildingDlg/buildingList"_s,
+              u"InstitutionDlg/scaleCombo"_s, u"ExportFoldersDlg/tasksFolderEdit"_s,
+              u"TodayCompanionDlg/startAtLoginBox"_s, u"ListChooserDlg/chooserList"_s,
+              u"TextDlg/textEdit"_s})
+            QTest::newRow(qPrintable(row)) << row.section(u'/', 0, 0) << row.section(u'/', 1);
     }
     void dialogsOpenForTheKeyboard()
     {
         QFETCH(QString, kind);
         QFETCH(QString, field);
-        QFETCH(QString, help);
         std::unique_ptr<QDialog> dialog = Make(kind);
         QString focused;
         DialogRunner::SetHook([&focused](QDialog& shown) {
@@ -221,7 +207,7 @@ private slots:
                 QVERIFY2(!QKeySequence::mnemonic(menu->text()).isEmpty(), qPrintable(menu->text()));
         }
 
-        QCOMPARE(dialog->objectName(), help);
+        QCOMPARE(dialog->objectName(), kind);
         QPushButton* helpButton = nullptr;
         for (auto* box : dialog->findChildren<QDialogButtonBox*>())
             if (box->button(QDialogButtonBox::Help))
@@ -230,11 +216,11 @@ private slots:
         helpButton->click();
         auto* viewer = dialog->findChild<CHelpViewer*>();
         QVERIFY(viewer);
-        QCOMPARE(viewer->CurrentTopic(), help);
+        QCOMPARE(viewer->CurrentTopic(), kind);
         viewer->close();
         QFile file(GetInstallationPath() + u"/Brindle.htm"_s);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        const QString anchor = u"<a name=\"%1\"></a>"_s.arg(help);
+        const QString anchor = u"<a name=\"%1\"></a>"_s.arg(kind);
         QVERIFY2(QString::fromUtf8(file.readAll()).contains(anchor), qPrintable(anchor));
     }
 
