@@ -1,7 +1,8 @@
 // The main frame's course commands, and the course removal cascade behind
 // Delete Course: everything of the course goes, everything of other courses
 // and every export link stays.
-// Fault tried (failed the cascade test, then reverted): CwTypeOrder rows left behind.
+// Faults tried (each failed the cascade test, then reverted): CwTypeOrder rows,
+// TextbookOrder rows left behind.
 #include "EditorRecords.h"
 #include "app/MainFrame.h"
 #include "controls/DialogRunner.h"

@@ -4,6 +4,9 @@
 // opens its own section of the help file; the help viewer stays usable from a
 // modal dialog; the grade list's keys; the number field's hint. An editor's
 // other keys are in its own test.
+// Fault tried (failed the grading rows' keypad Enter, then reverted): the entry
+// editor keys taking the keypad's Enter as a modified key. The list pages'
+// editors pass that fault: their Enter reaches OK another way.
 #include "EditorRecords.h"
 #include "app/TodayCompanionDlg.h"
 #include "controls/DialogRunner.h"
@@ -45,6 +48,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The dialog of the class named, on a store with one course (a type, a
+// scale) and one instructor, so that every list has an entry to act on.
 std::unique_ptr<QDialog> Make(const QString& kind)
 {
     const quint32 course = Records::Course(u"Art"_s);

@@ -1,8 +1,8 @@
 // The instructors editor in course mode and all-instructors mode. A failed
 // OK is in tst_savefailures.
 // Faults tried (each failed a test here, then reverted): deleting an
-// instructor left its export link; the typed building of the shown
-// instructor was dropped when another was shown.
+// instructor left its export link; keeping the shown instructor's fields
+// forgot its typed building (the building was lost on showing another).
 #include "EditorRecords.h"
 #include "controls/DialogRunner.h"
 #include "editors/BuildingListPage.h"

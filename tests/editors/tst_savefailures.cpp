@@ -3,6 +3,8 @@
 // turn, once or from then on. Every save that does not land says so, keeps its
 // dialog open with what was typed, and leaves the database exactly as it was
 // (also after the next start, which recovers the journal); OK again then saves.
+// Fault tried (failed the grading policy rows, then reverted): the grading
+// dialog's OK reporting success when its commit failed.
 #include "BrindleData.h"
 #include "controls/NumericEdit.h"
 #include "editors/CourseDlg.h"
