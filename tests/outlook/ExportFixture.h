@@ -1,40 +1,77 @@
 #pragma once
 
-// A test's own database, export folders and settings file, with the store
-// library initialised, as Brindle has them at run time.
+// Base of an export test: its init() and cleanup() give each function its own
+// database, export folders and settings file, with the export library
+// initialised, as Brindle has them at run time; and the editors' export steps
+// in one call each. Not a QObject of its own (no moc for a header outside the
+// targets), so a test declares the init() and cleanup() slots calling these.
+#include "editors/CourseworkDlg.h"
+#include "editors/CourseworkDlgInfoPage.h"
+#include "editors/EditorRecords.h"
+#include "editors/InstructorDlg.h"
 #include "outlook/PimFolders.h"
 #include "outlook/PimLibrary.h"
-#include "store/CeMount.h"
-#include "store/DataTable.h"
 #include "store/SettingsFile.h"
-#include "support/TestDatabase.h"
+#include "support/DatabaseTest.h"
 
+#include <QAction>
 #include <QDir>
-#include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 
-#include <sqlite3.h>
+#include <optional>
 
-class ExportFixture
+class ExportTest : public DatabaseTest
 {
-public:
-    ExportFixture()
+protected:
+    void init()
     {
-        qputenv("BRINDLE_PIM_DIR", m_pim.path().toUtf8());
-        SetSettingsPath(m_pim.filePath(QStringLiteral("Brindle.ini")));
+        DatabaseTest::init();
+        QVERIFY(m_pim.emplace().isValid());
+        qputenv("BRINDLE_PIM_DIR", m_pim->path().toUtf8());
+        SetSettingsPath(m_pim->filePath(QStringLiteral("Brindle.ini")));
         PimLibrary::Initialize();
     }
-    ~ExportFixture()
+    void cleanup()
     {
         PimLibrary::Release();
         SetSettingsPath(QString());
         qunsetenv("BRINDLE_PIM_DIR");
+        DatabaseTest::cleanup();
+        m_pim.reset();
     }
-    ExportFixture(const ExportFixture&) = delete;
-    ExportFixture& operator=(const ExportFixture&) = delete;
 
-    bool IsReady() const { return m_pim.isValid() && m_db.IsReady(); }
-    PimFolders Folders() const { return PimFolders::Load(); }
+public:
+    // Opens the coursework's editor, sets the two kinds (and a new name or
+    // progress, unless empty or negative) and presses OK.
+    static bool Export(quint32 courseworkId, bool tasks, bool calendar,
+                       const QString& name = QString(), int progress = -1)
+    {
+        CourseworkDlg dialog;
+        dialog.SetCourseworkID(courseworkId);
+        if (!dialog.OnInitDialog())
+            return false;
+        for (auto [kind, on] : {std::pair{"actionExportTasks", tasks}, {"actionExportCalendar", calendar}})
+            if (Action(dialog, kind)->isChecked() != on)
+                Action(dialog, kind)->trigger();
+        if (!name.isEmpty())
+            dialog.InfoPage()->NameEdit()->setText(name);
+        if (progress >= 0)
+            dialog.InfoPage()->SetProgress(progress);
+        return dialog.OnOK();
+    }
+    // Opens the course's instructors editor, checks "Contacts" and presses OK.
+    static bool ExportContacts(quint32 courseId)
+    {
+        InstructorDlg dialog(courseId);
+        if (!Action(dialog, "actionExportContacts")->isChecked())
+            Action(dialog, "actionExportContacts")->trigger();
+        return dialog.OnOK();
+    }
+    static QAction* Action(QWidget& dialog, const char* name)
+    {
+        return dialog.findChild<QAction*>(QString::fromLatin1(name));
+    }
 
     // The item files of a folder (.ics and .vcf), without the vdir metadata.
     static QStringList Items(const QString& folder)
@@ -47,25 +84,17 @@ public:
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-
-    // The item ids the links of a record point at, of one kind.
-    static QList<quint32> Links(quint32 brindleId, quint32 type)
+    // The item ids the links of a record point at, of one kind, comma-separated.
+    static QString Links(quint32 brindleId, quint32 type)
     {
-        QList<quint32> ids;
-        sqlite3_stmt* stmt = CDataTable::GetMount()->Statement(
-            "SELECT OutlookItemID FROM OutlookLink WHERE BrindleItemID = ?1 AND ItemType = ?2 "
-            "ORDER BY id");
-        if (!stmt)
-            return {quint32(0xFFFFFFFF)};
-        sqlite3_bind_int64(stmt, 1, brindleId);
-        sqlite3_bind_int64(stmt, 2, type);
-        while (sqlite3_step(stmt) == SQLITE_ROW)
-            ids << static_cast<quint32>(sqlite3_column_int64(stmt, 0));
-        sqlite3_reset(stmt);
-        return ids;
+        return EditorRecords::Sql(QStringLiteral("SELECT group_concat(OutlookItemID) FROM "
+                                                 "(SELECT OutlookItemID FROM OutlookLink WHERE "
+                                                 "BrindleItemID = %1 AND ItemType = %2 ORDER BY id)")
+                                      .arg(brindleId)
+                                      .arg(type)
+                                      .toUtf8());
     }
 
-private:
-    QTemporaryDir m_pim;
-    TestDatabase m_db;
+protected:
+    std::optional<QTemporaryDir> m_pim;
 };

@@ -4,7 +4,6 @@
 // tst_exportclients).
 // Fault tried, and caught: the next id taken from the files present alone,
 // not the store's own counter (idsAreUniqueAndNeverReused).
-#include "outlook/IcalDocument.h"
 #include "outlook/VCard.h"
 #include "outlook/VdirStore.h"
 #include "store/DateEncoding.h"
@@ -14,14 +13,15 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-PimFolders FoldersIn(const QTemporaryDir& dir)
-{
-    return {dir.filePath(u"tasks"_s), dir.filePath(u"calendar"_s), dir.filePath(u"contacts"_s)};
-}
+constexpr auto Task = COutlookTable::olTaskItem;
+constexpr auto Appointment = COutlookTable::olAppointmentItem;
+constexpr auto Contact = COutlookTable::olContactItem;
 
 QByteArray Read(const QString& path)
 {
@@ -38,15 +38,13 @@ bool Write(const QString& path, const QByteArray& bytes)
 // The unfolded lines of an iCalendar or vCard file.
 QStringList Lines(const QByteArray& bytes)
 {
-    QString text = QString::fromUtf8(bytes);
-    text.replace(u"\r\n "_s, QString());
-    return text.split(u"\r\n"_s, Qt::SkipEmptyParts);
+    return QString::fromUtf8(bytes).replace(u"\r\n "_s, QString()).split(u"\r\n"_s, Qt::SkipEmptyParts);
 }
 
-double Due(int year, int month, int day, int hour, int minute)
-{
-    return BrindleDate::FromDateTime(QDateTime(QDate(year, month, day), QTime(hour, minute)));
-}
+// Fails naming the line and the file when a line is missing.
+#define HAS_LINES(lines, ...)                                                                      \
+    for (const QString& line : {__VA_ARGS__})                                                      \
+    QVERIFY2((lines).contains(line), qPrintable(line + u" in "_s + (lines).join(u'|')))
 
 } // namespace
 
@@ -55,215 +53,178 @@ class TestVdirStore : public QObject
     Q_OBJECT
 
 private slots:
-    void logonMakesFoldersAndKeepsDisplayNames();
-    void idsAreUniqueAndNeverReused();
-    void taskLines();
-    void sharedTaskAndCalendarFolder();
-    void saveFailsWhenTheFolderIsGone();
-    void vcardEscapesAndFolds();
-    void contactUpdateKeepsOtherLines();
-    void folderNames_data();
-    void folderNames();
+    // Each function starts on a store logged on to three fresh folders.
+    void init()
+    {
+        QVERIFY(m_dir.emplace().isValid());
+        m_store.emplace(Folders());
+        QVERIFY(m_store->Logon());
+    }
+
+    void logonMakesFoldersAndKeepsDisplayNames()
+    {
+        const PimFolders folders = Folders();
+        QCOMPARE(Read(folders.tasks + u"/displayname"_s), QByteArray("Brindle Tasks"));
+        QCOMPARE(Read(folders.calendar + u"/displayname"_s), QByteArray("Brindle Calendar"));
+        QVERIFY(Write(folders.contacts + u"/displayname"_s, "My Friends"));
+        QVERIFY(CVdirStore(folders).Logon());
+        QCOMPARE(Read(folders.contacts + u"/displayname"_s), QByteArray("My Friends"));
+        // Nothing but the names: no probe or temporary file stays behind.
+        QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden), QStringList{u"displayname"_s});
+    }
+
+    // Tasks and events share one collection here, as many CalDAV calendars do.
+    void idsAreUniqueAndNeverReused()
+    {
+        PimFolders folders = Folders();
+        folders.calendar = folders.tasks;
+        CVdirStore store(folders);
+        QVERIFY(store.Logon());
+        auto task = store.CreateItem(Task);
+        QVERIFY(task && task->Save());
+        auto contact = store.CreateItem(Contact);
+        QVERIFY(contact && contact->Save());
+        QVERIFY(contact->get_Oid() > task->get_Oid());
+        const quint32 last = contact->get_Oid();
+
+        // The user deletes the newest item; its id is still not given again,
+        // not even by a store opened afresh on the same folders.
+        QVERIFY(QFile::remove(folders.contacts + u"/%1.vcf"_s.arg(last)));
+        CVdirStore reopened(folders);
+        QVERIFY(reopened.Logon());
+        auto appointment = reopened.CreateItem(Appointment);
+        QVERIFY(appointment && appointment->Save());
+        QVERIFY(appointment->get_Oid() > last);
+
+        // A file that arrived by syncing counts too.
+        QVERIFY(Write(folders.tasks + u"/900.ics"_s, Read(folders.tasks + u"/%1.ics"_s.arg(task->get_Oid()))));
+        QCOMPARE(reopened.CreateItem(Task)->get_Oid(), 901u);
+
+        QCOMPARE(reopened.GetItemFromOid(task->get_Oid())->GetItemType(), Task);
+        QVERIFY(!reopened.GetItemFromOid(last));
+        QCOMPARE(reopened.GetItemFromOid(appointment->get_Oid())->GetItemType(), Appointment);
+    }
+
+    void taskLines()
+    {
+        auto created = m_store->CreateItem(Task);
+        ITask* task = created->AsTask();
+        task->put_Subject(u"Lab report, part 2"_s);
+        task->put_Body(u"Two pages\nwith graphs"_s);
+        task->put_Categories(u"Botany"_s);
+        task->put_DueDate(BrindleDate::FromDateTime(QDateTime(QDate(2026, 11, 25), QTime(14, 30))));
+        task->put_Complete(false);
+        QVERIFY(task->Save());
+        const QString path = Folders().tasks + u"/%1.ics"_s.arg(created->get_Oid());
+        QStringList lines = Lines(Read(path));
+        // Floating: no zone, no Z.
+        HAS_LINES(lines, u"BEGIN:VTODO"_s, u"SUMMARY:Lab report\\, part 2"_s, u"CATEGORIES:Botany"_s,
+                  u"DESCRIPTION:Two pages\\nwith graphs"_s, u"DUE:20261125T143000"_s,
+                  u"STATUS:NEEDS-ACTION"_s);
+        QVERIFY(lines.filter(QRegularExpression(u"^(COMPLETED|PERCENT-COMPLETE):"_s)).isEmpty());
+        QCOMPARE(lines.filter(QRegularExpression(u"^UID:.+"_s)).size(), 1);
+
+        // Ticked off in a task list: Brindle's next save at less than 100 %
+        // keeps it done; its own progress moving across 100 % does reach it.
+        QByteArray done = Read(path);
+        done.replace("STATUS:NEEDS-ACTION", "STATUS:COMPLETED\r\nCOMPLETED:20261120T100000Z");
+        QVERIFY(Write(path, done));
+        for (auto [complete, done] : {std::pair{false, true}, {true, true}, {false, false}}) {
+            auto item = m_store->GetItemFromOid(created->get_Oid());
+            item->AsTask()->put_Subject(u"Renamed"_s);
+            item->AsTask()->put_Complete(complete);
+            QVERIFY(item->Save());
+            lines = Lines(Read(path));
+            QCOMPARE(lines.contains(u"STATUS:COMPLETED"_s), done);
+            if (complete)
+                HAS_LINES(lines, u"PERCENT-COMPLETE:100"_s);
+            QCOMPARE(lines.filter(u"COMPLETED:2"_s).size(), done ? 1 : 0);
+        }
+    }
+
+    void saveFailsWhenTheFolderIsGone()
+    {
+        auto item = m_store->CreateItem(Contact);
+        const QString contacts = Folders().contacts;
+        QVERIFY(QDir(contacts).removeRecursively() && Write(contacts, "not a folder"));
+        QVERIFY(!item->Save());
+        QVERIFY(!m_store->CreateItem(Contact));
+        // Nor can a store log on whose folder cannot be made.
+        CVdirStore blocked(Folders());
+        QVERIFY(!blocked.Logon());
+        QVERIFY(!blocked.CreateItem(Task));
+    }
+
+    void vcardEscapesAndFolds()
+    {
+        CVCard card = CVCard::New();
+        const QString note = u"Office Hours:\r\nÜber; Montag, \\ spät\r\n"_s + QString(60, u'é');
+        card.Set(u"NOTE"_s, {}, CVCard::Escape(note));
+        const QByteArray bytes = card.ToBytes();
+        for (const QByteArray& line : bytes.split('\n')) {
+            QVERIFY(line.size() <= 76);                        // 75 octets and the CR
+            QVERIFY(QString::fromUtf8(line).toUtf8() == line); // no character cut in two
+        }
+        QVERIFY(bytes.startsWith("BEGIN:VCARD\r\nVERSION:3.0\r\n"));
+        QVERIFY(Lines(bytes).filter(u"NOTE:"_s).value(0).startsWith(
+            u"NOTE:Office Hours:\\nÜber\\; Montag\\, \\\\ spät\\n"_s));
+        CVCard back;
+        QVERIFY(CVCard::Parse(bytes, &back));
+        QCOMPARE(back.Value(u"NOTE"_s), QString(note).replace(u"\r\n"_s, u"\n"_s));
+    }
+
+    void contactUpdateKeepsOtherLines()
+    {
+        auto created = m_store->CreateItem(Contact);
+        created->AsContact()->put_HomeTelephoneNumber(u"555-1234"_s);
+        QVERIFY(created->Save());
+        const QString path = Folders().contacts + u"/%1.vcf"_s.arg(created->get_Oid());
+        QByteArray edited = Read(path);
+        edited.replace("END:VCARD", "TEL;TYPE=CELL:555-9999\r\nitem1.X-ABLABEL:Desk\r\nEND:VCARD");
+        QVERIFY(Write(path, edited));
+
+        auto fetched = m_store->GetItemFromOid(created->get_Oid());
+        IContact* contact = fetched->AsContact();
+        contact->put_FileAs(u"Dr. Vale"_s);
+        contact->put_LastName(u"Dr. Vale"_s);
+        contact->put_HomeTelephoneNumber(u"555-0000"_s);
+        contact->put_OfficeLocation(u"101 Science Hall"_s);
+        contact->put_Email1Address(QString());
+        QVERIFY(fetched->Save());
+        const QStringList lines = Lines(Read(path));
+        HAS_LINES(lines, u"TEL;TYPE=CELL:555-9999"_s, u"item1.X-ABLABEL:Desk"_s, u"TEL;TYPE=HOME:555-0000"_s,
+                  u"FN:Dr. Vale"_s, u"N:Dr. Vale;;;;"_s, u"ADR;TYPE=WORK:;101 Science Hall;;;;;"_s);
+        QCOMPARE(lines.filter(u"TEL;TYPE=HOME"_s).size(), 1);
+        QCOMPARE(lines.filter(u"EMAIL"_s).size(), 0);
+        QCOMPARE(lines.filter(u"UID:"_s), Lines(edited).filter(u"UID:"_s));
+    }
+
+    void folderNames_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("home") << u"~/.local/share/calendars/uni"_s
+                              << QDir::homePath() + u"/.local/share/calendars/uni"_s;
+        QTest::newRow("untidy") << u"  /srv/dav/../pim//tasks/ "_s << u"/srv/pim/tasks"_s;
+        QTest::newRow("relative") << u"pim"_s << QDir::currentPath() + u"/pim"_s;
+        QTest::newRow("empty") << u"  "_s << QString();
+    }
+    void folderNames()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, folder);
+        QCOMPARE(PimFolders::Normalize(typed), folder);
+    }
+
+private:
+    PimFolders Folders() const
+    {
+        return {m_dir->filePath(u"tasks"_s), m_dir->filePath(u"calendar"_s), m_dir->filePath(u"contacts"_s)};
+    }
+
+    std::optional<QTemporaryDir> m_dir;
+    std::optional<CVdirStore> m_store;
 };
-
-void TestVdirStore::logonMakesFoldersAndKeepsDisplayNames()
-{
-    QTemporaryDir dir;
-    const PimFolders folders = FoldersIn(dir);
-    QVERIFY(QDir().mkpath(folders.contacts));
-    QVERIFY(Write(folders.contacts + u"/displayname"_s, "My Friends"));
-
-    CVdirStore store(folders);
-    QVERIFY(store.Logon());
-    QCOMPARE(Read(folders.tasks + u"/displayname"_s), QByteArray("Brindle Tasks"));
-    QCOMPARE(Read(folders.calendar + u"/displayname"_s), QByteArray("Brindle Calendar"));
-    QCOMPARE(Read(folders.contacts + u"/displayname"_s), QByteArray("My Friends"));
-    // Nothing but the names: no probe or temporary file stays behind.
-    QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden),
-             QStringList{u"displayname"_s});
-}
-
-void TestVdirStore::idsAreUniqueAndNeverReused()
-{
-    QTemporaryDir dir;
-    CVdirStore store(FoldersIn(dir));
-    QVERIFY(store.Logon());
-    auto task = store.CreateItem(COutlookTable::olTaskItem);
-    QVERIFY(task && task->Save());
-    auto contact = store.CreateItem(COutlookTable::olContactItem);
-    QVERIFY(contact && contact->Save());
-    QVERIFY(contact->get_Oid() > task->get_Oid());
-    const quint32 last = contact->get_Oid();
-
-    // The user deletes the newest item; its id is still not given again,
-    // not even by a store opened afresh on the same folders.
-    QVERIFY(QFile::remove(store.Folders().contacts + u"/%1.vcf"_s.arg(last)));
-    CVdirStore reopened(FoldersIn(dir));
-    QVERIFY(reopened.Logon());
-    auto appointment = reopened.CreateItem(COutlookTable::olAppointmentItem);
-    QVERIFY(appointment && appointment->Save());
-    QVERIFY(appointment->get_Oid() > last);
-
-    // A file that arrived by syncing counts too.
-    QVERIFY(Write(store.Folders().tasks + u"/900.ics"_s,
-                  Read(store.Folders().tasks + u"/%1.ics"_s.arg(task->get_Oid()))));
-    QCOMPARE(reopened.CreateItem(COutlookTable::olTaskItem)->get_Oid(), 901u);
-
-    QVERIFY(reopened.GetItemFromOid(task->get_Oid()));
-    QVERIFY(!reopened.GetItemFromOid(last));
-    QCOMPARE(reopened.GetItemFromOid(appointment->get_Oid())->GetItemType(),
-             COutlookTable::olAppointmentItem);
-}
-
-void TestVdirStore::taskLines()
-{
-    QTemporaryDir dir;
-    CVdirStore store(FoldersIn(dir));
-    QVERIFY(store.Logon());
-    auto created = store.CreateItem(COutlookTable::olTaskItem);
-    ITask* task = created->AsTask();
-    task->put_Subject(u"Lab report, part 2"_s);
-    task->put_Body(u"Two pages\nwith graphs"_s);
-    task->put_Categories(u"Botany"_s);
-    task->put_DueDate(Due(2026, 11, 25, 14, 30));
-    task->put_Complete(false);
-    QVERIFY(task->Save());
-    const QString path = store.Folders().tasks + u"/%1.ics"_s.arg(created->get_Oid());
-    QStringList lines = Lines(Read(path));
-    // Floating: no zone, no Z.
-    for (const QString& line :
-         {u"BEGIN:VTODO"_s, u"SUMMARY:Lab report\\, part 2"_s,
-          u"DESCRIPTION:Two pages\\nwith graphs"_s, u"CATEGORIES:Botany"_s,
-          u"DUE:20261125T143000"_s, u"STATUS:NEEDS-ACTION"_s})
-        QVERIFY2(lines.contains(line), qPrintable(line + u" in "_s + lines.join(u'|')));
-    QVERIFY(lines.filter(QRegularExpression(u"^(COMPLETED|PERCENT-COMPLETE):"_s)).isEmpty());
-    QCOMPARE(lines.filter(QRegularExpression(u"^UID:.+"_s)).size(), 1);
-
-    // Ticked off in a task list: Brindle's next save at less than 100 %
-    // keeps it done.
-    QByteArray done = Read(path);
-    done.replace("STATUS:NEEDS-ACTION", "STATUS:COMPLETED\r\nCOMPLETED:20261120T100000Z");
-    QVERIFY(Write(path, done));
-    auto again = store.GetItemFromOid(created->get_Oid());
-    again->AsTask()->put_Subject(u"Renamed"_s);
-    again->AsTask()->put_Complete(false);
-    QVERIFY(again->Save());
-    QVERIFY(Lines(Read(path)).contains(u"STATUS:COMPLETED"_s));
-
-    // Brindle's own progress moving across 100 % does reach the task.
-    for (bool complete : {true, false}) {
-        auto item = store.GetItemFromOid(created->get_Oid());
-        item->AsTask()->put_Complete(complete);
-        QVERIFY(item->Save());
-        lines = Lines(Read(path));
-        QCOMPARE(lines.contains(u"STATUS:COMPLETED"_s), complete);
-        if (complete)
-            QVERIFY(lines.contains(u"PERCENT-COMPLETE:100"_s) &&
-                    lines.filter(u"COMPLETED:2"_s).size() == 1);
-    }
-}
-
-void TestVdirStore::sharedTaskAndCalendarFolder()
-{
-    // One collection for both, as many CalDAV calendars are.
-    QTemporaryDir dir;
-    PimFolders folders = FoldersIn(dir);
-    folders.calendar = folders.tasks;
-    CVdirStore store(folders);
-    QVERIFY(store.Logon());
-    auto task = store.CreateItem(COutlookTable::olTaskItem);
-    auto appointment = store.CreateItem(COutlookTable::olAppointmentItem);
-    QVERIFY(task->Save() && appointment->Save());
-    QVERIFY(task->get_Oid() != appointment->get_Oid());
-    QCOMPARE(store.GetItemFromOid(task->get_Oid())->GetItemType(), COutlookTable::olTaskItem);
-    QCOMPARE(store.GetItemFromOid(appointment->get_Oid())->GetItemType(),
-             COutlookTable::olAppointmentItem);
-}
-
-void TestVdirStore::saveFailsWhenTheFolderIsGone()
-{
-    QTemporaryDir dir;
-    CVdirStore store(FoldersIn(dir));
-    QVERIFY(store.Logon());
-    auto item = store.CreateItem(COutlookTable::olContactItem);
-    QVERIFY(QDir(store.Folders().contacts).removeRecursively());
-    QVERIFY(Write(store.Folders().contacts, "not a folder"));
-    QVERIFY(!item->Save());
-    QVERIFY(!store.CreateItem(COutlookTable::olContactItem));
-    // Nor can a store log on whose folder cannot be made.
-    CVdirStore blocked(store.Folders());
-    QVERIFY(!blocked.Logon());
-    QVERIFY(!blocked.CreateItem(COutlookTable::olTaskItem));
-}
-
-void TestVdirStore::vcardEscapesAndFolds()
-{
-    CVCard card = CVCard::New();
-    const QString note = u"Office Hours:\r\nÜber; Montag, \\ spät\r\n"_s + QString(60, u'é');
-    card.Set(u"NOTE"_s, {}, CVCard::Escape(note));
-    const QByteArray bytes = card.ToBytes();
-    for (const QByteArray& line : bytes.split('\n')) {
-        QVERIFY(line.size() <= 76);                        // 75 octets and the CR
-        QVERIFY(QString::fromUtf8(line).toUtf8() == line); // no character cut in two
-    }
-    QVERIFY(bytes.startsWith("BEGIN:VCARD\r\nVERSION:3.0\r\n"));
-    QVERIFY(Lines(bytes)
-                .filter(u"NOTE:"_s)
-                .value(0)
-                .startsWith(u"NOTE:Office Hours:\\nÜber\\; Montag\\, \\\\ spät\\n"_s));
-    CVCard back;
-    QVERIFY(CVCard::Parse(bytes, &back));
-    QCOMPARE(back.Value(u"NOTE"_s), QString(note).replace(u"\r\n"_s, u"\n"_s));
-}
-
-void TestVdirStore::contactUpdateKeepsOtherLines()
-{
-    QTemporaryDir dir;
-    CVdirStore store(FoldersIn(dir));
-    QVERIFY(store.Logon());
-    auto created = store.CreateItem(COutlookTable::olContactItem);
-    created->AsContact()->put_HomeTelephoneNumber(u"555-1234"_s);
-    QVERIFY(created->Save());
-    const QString path = store.Folders().contacts + u"/%1.vcf"_s.arg(created->get_Oid());
-    QByteArray edited = Read(path);
-    edited.replace("END:VCARD", "TEL;TYPE=CELL:555-9999\r\nitem1.X-ABLABEL:Desk\r\nEND:VCARD");
-    QVERIFY(Write(path, edited));
-
-    auto fetched = store.GetItemFromOid(created->get_Oid());
-    IContact* contact = fetched->AsContact();
-    contact->put_FileAs(u"Dr. Vale"_s);
-    contact->put_LastName(u"Dr. Vale"_s);
-    contact->put_HomeTelephoneNumber(u"555-0000"_s);
-    contact->put_OfficeLocation(u"101 Science Hall"_s);
-    contact->put_Email1Address(QString());
-    QVERIFY(fetched->Save());
-    const QStringList lines = Lines(Read(path));
-    for (const QString& line :
-         {u"TEL;TYPE=CELL:555-9999"_s, u"item1.X-ABLABEL:Desk"_s, u"TEL;TYPE=HOME:555-0000"_s,
-          u"FN:Dr. Vale"_s, u"N:Dr. Vale;;;;"_s, u"ADR;TYPE=WORK:;101 Science Hall;;;;;"_s})
-        QVERIFY2(lines.contains(line), qPrintable(line + u" in "_s + lines.join(u'|')));
-    QCOMPARE(lines.filter(u"TEL;TYPE=HOME"_s).size(), 1);
-    QCOMPARE(lines.filter(u"EMAIL"_s).size(), 0);
-    QCOMPARE(lines.filter(u"UID:"_s), Lines(edited).filter(u"UID:"_s));
-}
-
-void TestVdirStore::folderNames_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("folder");
-    QTest::newRow("home") << u"~/.local/share/calendars/uni"_s
-                          << QDir::homePath() + u"/.local/share/calendars/uni"_s;
-    QTest::newRow("untidy") << u"  /srv/dav/../pim//tasks/ "_s << u"/srv/pim/tasks"_s;
-    QTest::newRow("relative") << u"pim"_s << QDir::currentPath() + u"/pim"_s;
-    QTest::newRow("empty") << u"  "_s << QString();
-}
-
-void TestVdirStore::folderNames()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, folder);
-    QCOMPARE(PimFolders::Normalize(typed), folder);
-}
 
 QTEST_GUILESS_MAIN(TestVdirStore)
 #include "tst_vdirstore.moc"
