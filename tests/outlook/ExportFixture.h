@@ -87,12 +87,8 @@ public:
     // The item ids the links of a record point at, of one kind, comma-separated.
     static QString Links(quint32 brindleId, quint32 type)
     {
-        return EditorRecords::Sql(QStringLiteral("SELECT group_concat(OutlookItemID) FROM "
-                                                 "(SELECT OutlookItemID FROM OutlookLink WHERE "
-                                                 "BrindleItemID = %1 AND ItemType = %2 ORDER BY id)")
-                                      .arg(brindleId)
-                                      .arg(type)
-                                      .toUtf8());
+        return EditorRecords::Sql("SELECT group_concat(OutlookItemID) FROM OutlookLink WHERE BrindleItemID = " +
+                                  QByteArray::number(brindleId) + " AND ItemType = " + QByteArray::number(type));
     }
 
 protected:

@@ -1,7 +1,7 @@
 // The vdir store on its own: logging on, ids never reused, the iCalendar and
-// vCard it writes (each file written whole or not at all), and what an update
-// keeps of a file a client changed (khal's and todoman's own edits are in
-// tst_exportclients).
+// vCard it writes, and what an update keeps of a file a client changed (khal's
+// and todoman's own edits are in tst_exportclients; a folder that goes away,
+// in tst_outlookexport).
 // Fault tried, and caught: the next id taken from the files present alone,
 // not the store's own counter (idsAreUniqueAndNeverReused).
 #include "outlook/VCard.h"
@@ -140,19 +140,6 @@ private slots:
                 HAS_LINES(lines, u"PERCENT-COMPLETE:100"_s);
             QCOMPARE(lines.filter(u"COMPLETED:2"_s).size(), done ? 1 : 0);
         }
-    }
-
-    void saveFailsWhenTheFolderIsGone()
-    {
-        auto item = m_store->CreateItem(Contact);
-        const QString contacts = Folders().contacts;
-        QVERIFY(QDir(contacts).removeRecursively() && Write(contacts, "not a folder"));
-        QVERIFY(!item->Save());
-        QVERIFY(!m_store->CreateItem(Contact));
-        // Nor can a store log on whose folder cannot be made.
-        CVdirStore blocked(Folders());
-        QVERIFY(!blocked.Logon());
-        QVERIFY(!blocked.CreateItem(Task));
     }
 
     void vcardEscapesAndFolds()

@@ -50,13 +50,11 @@ QString PimClients::Find(const QString& program)
 QProcessEnvironment PimClients::Environment() const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString home = m_home.path();
-    environment.insert(QStringLiteral("HOME"), home);
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/.local/share"));
-    environment.insert(QStringLiteral("XDG_CACHE_HOME"), home + QStringLiteral("/.cache"));
-    environment.insert(QStringLiteral("XDG_STATE_HOME"), home + QStringLiteral("/.local/state"));
-    environment.remove(QStringLiteral("XDG_CONFIG_DIRS"));
+    environment.insert(QStringLiteral("HOME"), m_home.path());
+    // Unset, each of these defaults to a folder under the home above.
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME",
+                             "XDG_CONFIG_DIRS"})
+        environment.remove(QString::fromLatin1(name));
     environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     return environment;

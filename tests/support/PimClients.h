@@ -30,7 +30,6 @@ public:
                 const QString& timeZone = QString()) const;
 
     QProcessEnvironment Environment() const;
-    QString Home() const { return m_home.path(); }
 
 private:
     QTemporaryDir m_home;

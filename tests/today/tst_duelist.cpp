@@ -1,5 +1,5 @@
 // The Today list for a fixed clock: what falls into it, in what order, and
-// its text and JSON forms read back.
+// its text and JSON forms.
 // Fault tried, and caught: the window ending at the start of its last day
 // (window, "last minute of the seventh day").
 #include "BrindleData.h"
@@ -13,6 +13,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,7 +34,12 @@ class TestDueList : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { QLocale::setDefault(QLocale::c()); }
+    void init()
+    {
+        QLocale::setDefault(QLocale::c());
+        QVERIFY(m_db.emplace().IsReady());
+    }
+    void cleanup() { m_db.reset(); }
 
     void window_data()
     {
@@ -52,7 +61,6 @@ private slots:
         QTest::newRow("done") << now - 1 << 100 << false << 7 << false << false;
         QTest::newRow("archived semester") << now + 1 << 0 << true << 7 << false << false;
     }
-
     void window()
     {
         QFETCH(double, due);
@@ -61,13 +69,8 @@ private slots:
         QFETCH(int, days);
         QFETCH(bool, listed);
         QFETCH(bool, pastDue);
-
-        TestDatabase database;
-        QVERIFY(database.IsReady());
-        const quint32 semester = archived ? Records::Semester(QStringLiteral("Fall")) : 0;
-        const quint32 course = Records::Course(QStringLiteral("Chemistry"), semester);
-        const quint32 id = Records::Coursework(course, 0, QStringLiteral("Lab report"), -1, -1, due,
-                                               static_cast<quint16>(completed));
+        const quint32 course = Records::Course(u"Chemistry"_s, archived ? Records::Semester(u"Fall"_s) : 0);
+        const quint32 id = Records::Coursework(course, 0, u"Lab report"_s, -1, -1, due, quint16(completed));
 
         CDueList list;
         QVERIFY(list.Read(Now, days));
@@ -75,7 +78,7 @@ private slots:
         if (listed) {
             const DueItem& item = list.Items().front();
             QCOMPARE(item.courseworkId, id);
-            QCOMPARE(item.course, QStringLiteral("Chemistry"));
+            QCOMPARE(item.course, u"Chemistry"_s);
             QCOMPARE(item.pastDue, pastDue);
             QCOMPARE(item.due, BrindleDate::ToDateTime(due));
         }
@@ -85,58 +88,44 @@ private slots:
     // reads what Brindle wrote.
     void orderAndForms()
     {
-        TestDatabase database;
-        QVERIFY(database.IsReady());
-        const quint32 chemistry = Records::Course(QStringLiteral("Chemistry"));
-        const quint32 history = Records::Course(QStringLiteral("History of Art"));
-        Records::Coursework(chemistry, 0, QStringLiteral("Quiz"), -1, -1, At(3, QTime(9, 0)));
-        Records::Coursework(history, 0, QStringLiteral("Essay \"Light\""), -1, -1, At(-2, QTime(17, 0)));
-        Records::Coursework(history, 0, QStringLiteral("Reading"), -1, -1, At(0, QTime(18, 30)));
+        const quint32 chemistry = Records::Course(u"Chemistry"_s);
+        const quint32 history = Records::Course(u"History of Art"_s);
+        const quint32 quiz = Records::Coursework(chemistry, 0, u"Quiz"_s, -1, -1, At(3, QTime(9, 0)));
+        const quint32 essay = Records::Coursework(history, 0, u"Essay \"Light\""_s, -1, -1, At(-2, QTime(17, 0)));
+        const quint32 reading = Records::Coursework(history, 0, u"Reading"_s, -1, -1, At(0, QTime(18, 30)));
 
         CAppStateTable::Instance().Close();
         QString error;
-        QVERIFY2(ReadOnlyDatabase::Mount(database.Path(), &error), qPrintable(error));
+        QVERIFY2(ReadOnlyDatabase::Mount(m_db->Path(), &error), qPrintable(error));
         CDueList list;
         QVERIFY(list.Read(Now, 7));
         // The companion never writes: the mount refuses it.
-        Records::Coursework(chemistry, 0, QStringLiteral("refused"), -1, -1, At(1, QTime(9, 0)));
+        Records::Coursework(chemistry, 0, u"refused"_s, -1, -1, At(1, QTime(9, 0)));
         ReadOnlyDatabase::Unmount();
-        QVERIFY(database.Reopen());
+        QVERIFY(m_db->Reopen());
         QCOMPARE(Records::Count("Coursework"), 3);
 
-        QStringList names;
-        for (const DueItem& item : list.Items())
-            names << item.name;
-        QCOMPARE(names, (QStringList{QStringLiteral("Essay \"Light\""), QStringLiteral("Reading"),
-                                     QStringLiteral("Quiz")}));
-
-        const QStringList lines = DueListFormat::Text(list.Items()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        QCOMPARE(lines.size(), 3);
-        QVERIFY(lines[0].endsWith(QStringLiteral("past due")));
-
-        QJsonParseError parse;
-        const QJsonDocument document = QJsonDocument::fromJson(DueListFormat::Json(list.Items()), &parse);
-        QCOMPARE(parse.error, QJsonParseError::NoError);
-        const QJsonArray array = document.array();
-        QCOMPARE(array.size(), 3);
-        for (int i = 0; i < 3; ++i) {
-            const DueItem& item = list.Items()[size_t(i)];
-            const QJsonObject object = array[i].toObject();
-            QCOMPARE(object.value(QStringLiteral("id")).toInteger(), qint64(item.courseworkId));
-            QCOMPARE(object.value(QStringLiteral("name")).toString(), item.name);
-            QCOMPARE(object.value(QStringLiteral("course")).toString(), item.course);
-            QCOMPARE(QDateTime::fromString(object.value(QStringLiteral("due")).toString(), Qt::ISODate),
-                     item.due);
-            QCOMPARE(object.value(QStringLiteral("pastDue")).toBool(), item.pastDue);
-        }
+        QCOMPARE(DueListFormat::Text(list.Items()),
+                 u"2026-03-08 17:00  History of Art  Essay \"Light\"  past due\n"
+                 u"2026-03-10 18:30  History of Art  Reading\n"
+                 u"2026-03-13 09:00  Chemistry       Quiz\n"_s);
+        auto object = [](quint32 id, const QString& name, const QString& course, const QString& due,
+                         bool pastDue) {
+            return QJsonObject{{u"id"_s, qint64(id)}, {u"name"_s, name},       {u"course"_s, course},
+                               {u"due"_s, due},       {u"pastDue"_s, pastDue}, {u"completed"_s, 0}};
+        };
+        const QJsonArray json{
+            object(essay, u"Essay \"Light\""_s, u"History of Art"_s, u"2026-03-08T17:00:00"_s, true),
+            object(reading, u"Reading"_s, u"History of Art"_s, u"2026-03-10T18:30:00"_s, false),
+            object(quiz, u"Quiz"_s, u"Chemistry"_s, u"2026-03-13T09:00:00"_s, false)};
+        QCOMPARE(QJsonDocument::fromJson(DueListFormat::Json(list.Items())).toJson(QJsonDocument::Compact),
+                 QJsonDocument(json).toJson(QJsonDocument::Compact));
     }
 
     void missingOrForeignFileIsRefused()
     {
-        TestDatabase database;
-        QVERIFY(database.IsReady());
         CAppStateTable::Instance().Close();
-        const QString missing = database.Folder() + QStringLiteral("/none.db");
+        const QString missing = m_db->Folder() + u"/none.db"_s;
         QString error;
         QVERIFY(!ReadOnlyDatabase::Mount(missing, &error));
         QVERIFY(!QFile::exists(missing));
@@ -145,8 +134,11 @@ private slots:
         CDueList list;
         QVERIFY(!list.Read(Now, 7));
         QVERIFY(!list.ErrorText().isEmpty());
-        QVERIFY(database.Reopen());
+        QVERIFY(m_db->Reopen());
     }
+
+private:
+    std::optional<TestDatabase> m_db;
 };
 
 QTEST_GUILESS_MAIN(TestDueList)

@@ -1,15 +1,15 @@
 // Desktop notices received by a fake notification service on a private
 // session bus: their texts, their times, and no repeats, also after a
 // restart of the companion.
-#include "today/DueListFormat.h"
 #include "today/DueNotifier.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,14 +17,16 @@ const QDateTime Now(QDate(2026, 3, 10), QTime(12, 0));
 
 DueItem Item(quint32 id, const QString& name, qint64 minutesFromNow)
 {
-    DueItem item;
-    item.courseworkId = id;
-    item.name = name;
-    item.course = QStringLiteral("Chemistry");
-    item.due = Now.addSecs(minutesFromNow * 60);
-    item.dueValue = double(item.due.toSecsSinceEpoch()) / 86400.0;
-    item.pastDue = minutesFromNow < 0;
-    return item;
+    const QDateTime due = Now.addSecs(minutesFromNow * 60);
+    return {.courseworkId = id, .name = name, .course = u"Chemistry"_s,
+            .dueValue = double(due.toSecsSinceEpoch()) / 86400.0, .due = due,
+            .pastDue = minutesFromNow < 0};
+}
+
+QStringList Sorted(QStringList texts)
+{
+    texts.sort();
+    return texts;
 }
 
 } // namespace
@@ -57,7 +59,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
-        const QString config = m_dir.filePath(QStringLiteral("bus.conf"));
+        const QString config = m_dir.filePath(u"bus.conf"_s);
         QFile file(config);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
@@ -68,99 +70,85 @@ private slots:
                    "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
                    "<allow own=\"*\"/></policy></busconfig>\n");
         file.close();
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--config-file=") + config, QStringLiteral("--nofork"),
-                        QStringLiteral("--print-address=1")});
+        m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + config, u"--nofork"_s, u"--print-address=1"_s});
         QVERIFY2(m_daemon.waitForStarted(), "dbus-daemon is not installed");
         QTRY_VERIFY(m_daemon.canReadLine());
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
 
-        m_service = std::make_unique<QDBusConnection>(
-            QDBusConnection::connectToBus(m_address, QStringLiteral("fake-service")));
+        m_service = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(m_address, u"fake-service"_s));
         QVERIFY(m_service->isConnected());
-        QVERIFY(m_service->registerObject(QStringLiteral("/org/freedesktop/Notifications"), &m_fake,
+        QVERIFY(m_service->registerObject(u"/org/freedesktop/Notifications"_s, &m_fake,
                                           QDBusConnection::ExportAllSlots));
-        QVERIFY(m_service->registerService(QStringLiteral("org.freedesktop.Notifications")));
+        QVERIFY(m_service->registerService(u"org.freedesktop.Notifications"_s));
     }
 
     void cleanupTestCase()
     {
         m_service.reset();
-        QDBusConnection::disconnectFromBus(QStringLiteral("fake-service"));
-        QDBusConnection::disconnectFromBus(QStringLiteral("notifier"));
+        QDBusConnection::disconnectFromBus(u"fake-service"_s);
+        QDBusConnection::disconnectFromBus(u"notifier"_s);
         m_daemon.terminate();
         m_daemon.waitForFinished();
     }
 
     void noticesOnceAcrossRestart()
     {
-        const QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("notifier"));
+        const QDBusConnection bus = QDBusConnection::connectToBus(m_address, u"notifier"_s);
         QVERIFY(bus.isConnected());
-        const QString state = m_dir.filePath(QStringLiteral("state/notified.txt"));
-        const std::vector<DueItem> items{
-            Item(1, QStringLiteral("Essay"), 30 * 60),   // not yet within a day
-            Item(2, QStringLiteral("Quiz"), 20 * 60),    // within a day
-            Item(3, QStringLiteral("Lab"), 30),          // within the hour: one notice, not two
-            Item(4, QStringLiteral("Reading"), -5),      // past due: too late for a notice
+        const QString state = m_dir.filePath(u"state/notified.txt"_s);
+        std::vector<DueItem> items{
+            Item(1, u"Essay"_s, 30 * 60), // not yet within a day
+            Item(2, u"Quiz"_s, 20 * 60),  // within a day
+            Item(3, u"Lab"_s, 30),        // within the hour: one notice, not two
+            Item(4, u"Reading"_s, -5),    // past due: too late for a notice
         };
-
         {
             CDueNotifier notifier(bus, state);
             QVERIFY(notifier.Load());
             QSignalSpy sent(&notifier, &CDueNotifier::Sent);
             notifier.Check(items, Now);
             QTRY_COMPARE(sent.size(), 2);
-            QCOMPARE(m_fake.summaries.size(), 2);
-            QStringList sorted = m_fake.summaries;
-            sorted.sort();
-            QCOMPARE(sorted, (QStringList{QStringLiteral("Lab (Chemistry)"), QStringLiteral("Quiz (Chemistry)")}));
-            const int lab = m_fake.summaries.indexOf(QStringLiteral("Lab (Chemistry)"));
-            QVERIFY(m_fake.bodies[lab].contains(DueListFormat::DueText(items[2].due)));
+            QCOMPARE(Sorted(m_fake.summaries), (QStringList{u"Lab (Chemistry)"_s, u"Quiz (Chemistry)"_s}));
+            QVERIFY(m_fake.bodies[m_fake.summaries.indexOf(u"Lab (Chemistry)"_s)].contains(u"2026-03-10 12:30"_s));
 
             // Asked again at the same moment, only a newcomer is notified.
-            std::vector<DueItem> more = items;
-            more.push_back(Item(5, QStringLiteral("Project"), 10 * 60));
-            notifier.Check(more, Now);
+            items.push_back(Item(5, u"Project"_s, 10 * 60));
+            notifier.Check(items, Now);
             QTRY_COMPARE(sent.size(), 3);
-            QCOMPARE(m_fake.summaries.last(), QStringLiteral("Project (Chemistry)"));
+            QCOMPARE(m_fake.summaries.last(), u"Project (Chemistry)"_s);
         }
 
         // A restart remembers; time moving on brings the next notices.
         CDueNotifier restarted(bus, state);
         QVERIFY(restarted.Load());
         QSignalSpy sent(&restarted, &CDueNotifier::Sent);
-        std::vector<DueItem> later = items;
-        later.push_back(Item(5, QStringLiteral("Project"), 10 * 60));
-        later.push_back(Item(6, QStringLiteral("Talk"), 10 * 60 + 30));
-        restarted.Check(later, Now.addSecs(10 * 60 * 60));
+        items.push_back(Item(6, u"Talk"_s, 10 * 60 + 30));
+        restarted.Check(items, Now.addSecs(10 * 60 * 60));
         // Ten hours on: Essay comes within its day and Talk within its hour;
         // Quiz (ten hours left) had its day notice, Project is due now.
         QTRY_COMPARE(sent.size(), 2);
-        QStringList lastTwo = m_fake.summaries.mid(m_fake.summaries.size() - 2);
-        lastTwo.sort();
-        QCOMPARE(lastTwo, (QStringList{QStringLiteral("Essay (Chemistry)"), QStringLiteral("Talk (Chemistry)")}));
-        QCOMPARE(m_fake.summaries.size(), 5);
+        QCOMPARE(Sorted(m_fake.summaries.mid(3)), (QStringList{u"Essay (Chemistry)"_s, u"Talk (Chemistry)"_s}));
     }
 
     void failedNoticeIsNotRemembered()
     {
-        const QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("notifier"));
-        const QString state = m_dir.filePath(QStringLiteral("failed.txt"));
+        const QDBusConnection bus = QDBusConnection::connectToBus(m_address, u"notifier"_s);
+        const QString state = m_dir.filePath(u"failed.txt"_s);
         CDueNotifier notifier(bus, state);
         QVERIFY(notifier.Load());
         QSignalSpy sent(&notifier, &CDueNotifier::Sent);
         QSignalSpy failed(&notifier, &CDueNotifier::Failed);
-        const std::vector<DueItem> items{Item(7, QStringLiteral("Exam"), 90)};
+        const std::vector<DueItem> items{Item(7, u"Exam"_s, 90)};
 
-        QVERIFY(m_service->unregisterService(QStringLiteral("org.freedesktop.Notifications")));
+        QVERIFY(m_service->unregisterService(u"org.freedesktop.Notifications"_s));
         notifier.Check(items, Now);
         QTRY_COMPARE(failed.size(), 1);
         QVERIFY(!QFile::exists(state));
 
-        QVERIFY(m_service->registerService(QStringLiteral("org.freedesktop.Notifications")));
+        QVERIFY(m_service->registerService(u"org.freedesktop.Notifications"_s));
         notifier.Check(items, Now);
         QTRY_COMPARE(sent.size(), 1);
-        QCOMPARE(m_fake.summaries.last(), QStringLiteral("Exam (Chemistry)"));
+        QCOMPARE(m_fake.summaries.last(), u"Exam (Chemistry)"_s);
         QVERIFY(QFile::exists(state));
     }
 

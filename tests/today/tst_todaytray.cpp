@@ -19,18 +19,10 @@ private slots:
     void menuItems()
     {
         const QDateTime now = QDateTime::currentDateTime();
-        DueItem late;
-        late.courseworkId = 41;
-        late.name = QStringLiteral("Essay");
-        late.course = QStringLiteral("History");
-        late.due = now.addDays(-1);
-        late.pastDue = true;
-        DueItem soon = late;
-        soon.courseworkId = 42;
-        soon.name = QStringLiteral("Quiz");
-        soon.due = now.addDays(1);
-        soon.pastDue = false;
-
+        const DueItem late{.courseworkId = 41, .name = QStringLiteral("Essay"),
+                           .course = QStringLiteral("History"), .due = now.addDays(-1), .pastDue = true};
+        const DueItem soon{.courseworkId = 42, .name = QStringLiteral("Quiz"),
+                           .course = QStringLiteral("History"), .due = now.addDays(1)};
         QMenu menu;
         CTodayTray::FillMenu(&menu, {late, soon}, QString());
         const QList<QAction*> actions = menu.actions();
