@@ -70,22 +70,16 @@ QString PimClients::Run(const QString& program, const QStringList& arguments,
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_home.path());
     process.start(Find(program), arguments);
-    if (process.waitForStarted(10000)) {
-        if (!input.isEmpty())
-            process.write(input);
-        process.closeWriteChannel();
-    }
-    const bool finished = process.waitForFinished(60000);
-    const QString output = QString::fromUtf8(process.readAllStandardOutput());
-    const QString errors = QString::fromUtf8(process.readAllStandardError());
-    if (!finished || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-        if (error)
-            *error = QStringLiteral("%1 %2 failed (%3): %4")
-                         .arg(program, arguments.join(QLatin1Char(' ')),
-                              QString::number(process.exitCode()), errors + output);
-        if (process.state() != QProcess::NotRunning)
-            process.kill();
-        return QString();
-    }
-    return output;
+    if (process.waitForStarted(10000))
+        process.write(input);
+    process.closeWriteChannel();
+    // A process still running is killed with the QProcess.
+    if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit &&
+        process.exitCode() == 0)
+        return QString::fromUtf8(process.readAllStandardOutput());
+    if (error)
+        *error = QStringLiteral("%1 %2 failed (%3): %4")
+                     .arg(program, arguments.join(QLatin1Char(' ')), QString::number(process.exitCode()),
+                          QString::fromUtf8(process.readAllStandardError() + process.readAllStandardOutput()));
+    return QString();
 }
