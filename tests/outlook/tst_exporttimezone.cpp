@@ -2,6 +2,8 @@
 // same in any time zone and on either side of a daylight-saving change, and
 // saving again after the zone changed does not move it. CTest runs this
 // under two zones.
+// Fault tried, and caught: the due time turned into UTC before it is written
+// as a floating time.
 #include "ExportFixture.h"
 #include "support/PimClients.h"
 #include "support/Records.h"

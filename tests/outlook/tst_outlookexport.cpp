@@ -1,6 +1,8 @@
 // The export through the editors, without the clients: the "Export" menu, links
 // on opening and on OK, failures, coursework deletion, and the "Export Folders"
 // dialog.
+// Fault tried, and caught: an update of a linked item reported as done
+// without saving it (linksFollowTheEditor).
 #include "ExportFixture.h"
 #include "app/MainView.h"
 #include "editors/CourseworkDlgExport.h"

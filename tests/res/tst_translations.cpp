@@ -2,6 +2,8 @@
 // every language Brindle ships, with the same placeholders; the compiled
 // translations are the ones in the program and are chosen by the user's
 // languages; grade numbers keep their decimal point in every language.
+// Fault tried, and caught: a placeholder dropped from a German text that
+// follows "Office Hours:\r\n" in the file (the reader used to stop there).
 #include "TsFile.h"
 #include "res/Resources.h"
 #include "res/Translations.h"
