@@ -87,8 +87,9 @@ public:
     // The item ids the links of a record point at, of one kind, comma-separated.
     static QString Links(quint32 brindleId, quint32 type)
     {
-        return EditorRecords::Sql("SELECT group_concat(OutlookItemID) FROM OutlookLink WHERE BrindleItemID = " +
-                                  QByteArray::number(brindleId) + " AND ItemType = " + QByteArray::number(type));
+        return EditorRecords::Sql(
+            "SELECT group_concat(OutlookItemID) FROM OutlookLink WHERE BrindleItemID = " +
+            QByteArray::number(brindleId) + " AND ItemType = " + QByteArray::number(type));
     }
 
 protected:

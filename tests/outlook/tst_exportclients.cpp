@@ -181,11 +181,12 @@ private slots:
             const bool contacts = kind == u"contacts"_s;
             QVERIFY(WriteFile(root + kind + u"/.Radicale.props"_s,
                               contacts ? R"({"tag": "VADDRESSBOOK"})" : R"({"tag": "VCALENDAR"})"));
-            config += u"[pair %1]\na = \"%1_brindle\"\nb = \"%1_server\"\ncollections = null\n"
-                      u"[storage %1_brindle]\ntype = \"filesystem\"\npath = \"%2/\"\nfileext = \"%3\"\n"
-                      u"[storage %1_server]\ntype = \"%4\"\nurl = \"http://127.0.0.1:%5/brindle/%1/\"\n"_s.arg(
-                          kind, folder, contacts ? u".vcf"_s : u".ics"_s, contacts ? u"carddav"_s : u"caldav"_s,
-                          QString::number(port));
+            config +=
+                u"[pair %1]\na = \"%1_brindle\"\nb = \"%1_server\"\ncollections = null\n"
+                u"[storage %1_brindle]\ntype = \"filesystem\"\npath = \"%2/\"\nfileext = \"%3\"\n"
+                u"[storage %1_server]\ntype = \"%4\"\nurl = \"http://127.0.0.1:%5/brindle/%1/\"\n"_s
+                    .arg(kind, folder, contacts ? u".vcf"_s : u".ics"_s,
+                         contacts ? u"carddav"_s : u"caldav"_s, QString::number(port));
         }
         const QString configPath = m_pim->filePath(u"vdirsyncer.conf"_s);
         QVERIFY(WriteFile(configPath, config.toUtf8()));

@@ -97,7 +97,8 @@ private slots:
         QVERIFY(appointment->get_Oid() > last);
 
         // A file that arrived by syncing counts too.
-        QVERIFY(Write(folders.tasks + u"/900.ics"_s, Read(folders.tasks + u"/%1.ics"_s.arg(task->get_Oid()))));
+        QVERIFY(Write(folders.tasks + u"/900.ics"_s,
+                      Read(folders.tasks + u"/%1.ics"_s.arg(task->get_Oid()))));
         QCOMPARE(reopened.CreateItem(Task)->get_Oid(), 901u);
 
         QCOMPARE(reopened.GetItemFromOid(task->get_Oid())->GetItemType(), Task);
@@ -110,7 +111,8 @@ private slots:
     {
         auto created = m_store->CreateItem(Task);
         created->AsTask()->put_Subject(u"Lab report, part 2"_s);
-        created->AsTask()->put_DueDate(BrindleDate::FromDateTime(QDateTime(QDate(2026, 11, 25), QTime(14, 30))));
+        created->AsTask()->put_DueDate(
+            BrindleDate::FromDateTime(QDateTime(QDate(2026, 11, 25), QTime(14, 30))));
         created->AsTask()->put_Complete(false);
         QVERIFY(created->Save());
         const QString path = Folders().tasks + u"/%1.ics"_s.arg(created->get_Oid());

@@ -44,7 +44,11 @@ bool ReadTsFile(const QString& path, QList<TsMessage>* messages, QString* error)
         if (name == u"name") {
             context = ElementText(xml);
         } else if (name == u"message") {
-            message = TsMessage{context, {}, {}, false, xml.attributes().value(QStringLiteral("numerus")) == u"yes"};
+            message = TsMessage{context,
+                                {},
+                                {},
+                                false,
+                                xml.attributes().value(QStringLiteral("numerus")) == u"yes"};
         } else if (name == u"source") {
             message.source = ElementText(xml);
         } else if (name == u"translation") {

@@ -102,7 +102,8 @@ private slots:
         QCOMPARE(EntryValue(QStringLiteral(BRINDLE_TODAY_DESKTOP_FILE), u"Exec"_s), u"brindle-today"_s);
         // The window icon is the icon the entry installs.
         QVERIFY(!QApplication::windowIcon().isNull());
-        QCOMPARE(ReadText(u":/images/brindle.svg"_s), ReadText(QStringLiteral(BRINDLE_SOURCE_DIR "/data/") + id + u".svg"_s));
+        QCOMPARE(ReadText(u":/images/brindle.svg"_s),
+                 ReadText(QStringLiteral(BRINDLE_SOURCE_DIR "/data/") + id + u".svg"_s));
 
         QCOMPARE(MetainfoValue(u"id"_s), id);
         QCOMPARE(MetainfoValue(u"launchable"_s), QFileInfo(entry).fileName());
@@ -115,8 +116,10 @@ private slots:
             QVERIFY2(metainfo.contains(QLatin1StringView(part)), part);
         // Each screenshot of the metainfo is one kept in docs/images.
         int screenshots = 0;
-        for (const auto& image : QRegularExpression(u"<image>[^<]*/([^/<]+)</image>"_s).globalMatch(metainfo)) {
-            QVERIFY2(QFileInfo::exists(QStringLiteral(BRINDLE_SOURCE_DIR "/docs/images/") + image.captured(1)),
+        for (const auto& image :
+             QRegularExpression(u"<image>[^<]*/([^/<]+)</image>"_s).globalMatch(metainfo)) {
+            QVERIFY2(QFileInfo::exists(QStringLiteral(BRINDLE_SOURCE_DIR "/docs/images/") +
+                                       image.captured(1)),
                      qPrintable(image.captured(0)));
             ++screenshots;
         }

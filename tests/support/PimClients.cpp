@@ -78,8 +78,10 @@ QString PimClients::Run(const QString& program, const QStringList& arguments,
         process.exitCode() == 0)
         return QString::fromUtf8(process.readAllStandardOutput());
     if (error)
-        *error = QStringLiteral("%1 %2 failed (%3): %4")
-                     .arg(program, arguments.join(QLatin1Char(' ')), QString::number(process.exitCode()),
-                          QString::fromUtf8(process.readAllStandardError() + process.readAllStandardOutput()));
+        *error =
+            QStringLiteral("%1 %2 failed (%3): %4")
+                .arg(program, arguments.join(QLatin1Char(' ')), QString::number(process.exitCode()),
+                     QString::fromUtf8(process.readAllStandardError() +
+                                       process.readAllStandardOutput()));
     return QString();
 }

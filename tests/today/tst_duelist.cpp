@@ -91,7 +91,8 @@ private slots:
         const quint32 chemistry = Records::Course(u"Chemistry"_s);
         const quint32 history = Records::Course(u"History of Art"_s);
         const quint32 quiz = Records::Coursework(chemistry, 0, u"Quiz"_s, -1, -1, At(3, QTime(9, 0)));
-        const quint32 essay = Records::Coursework(history, 0, u"Essay \"Light\""_s, -1, -1, At(-2, QTime(17, 0)));
+        const quint32 essay =
+            Records::Coursework(history, 0, u"Essay \"Light\""_s, -1, -1, At(-2, QTime(17, 0)));
         const quint32 reading = Records::Coursework(history, 0, u"Reading"_s, -1, -1, At(0, QTime(18, 30)));
 
         CAppStateTable::Instance().Close();

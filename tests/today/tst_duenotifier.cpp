@@ -70,12 +70,14 @@ private slots:
                    "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
                    "<allow own=\"*\"/></policy></busconfig>\n");
         file.close();
-        m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + config, u"--nofork"_s, u"--print-address=1"_s});
+        m_daemon.start(u"dbus-daemon"_s,
+                       {u"--config-file="_s + config, u"--nofork"_s, u"--print-address=1"_s});
         QVERIFY2(m_daemon.waitForStarted(), "dbus-daemon is not installed");
         QTRY_VERIFY(m_daemon.canReadLine());
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
 
-        m_service = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(m_address, u"fake-service"_s));
+        m_service = std::make_unique<QDBusConnection>(
+            QDBusConnection::connectToBus(m_address, u"fake-service"_s));
         QVERIFY(m_service->isConnected());
         QVERIFY(m_service->registerObject(u"/org/freedesktop/Notifications"_s, &m_fake,
                                           QDBusConnection::ExportAllSlots));
@@ -109,7 +111,8 @@ private slots:
             notifier.Check(items, Now);
             QTRY_COMPARE(sent.size(), 2);
             QCOMPARE(Sorted(m_fake.summaries), (QStringList{u"Lab (Chemistry)"_s, u"Quiz (Chemistry)"_s}));
-            QVERIFY(m_fake.bodies[m_fake.summaries.indexOf(u"Lab (Chemistry)"_s)].contains(u"2026-03-10 12:30"_s));
+            QVERIFY(m_fake.bodies[m_fake.summaries.indexOf(u"Lab (Chemistry)"_s)].contains(
+                u"2026-03-10 12:30"_s));
 
             // Asked again at the same moment, only a newcomer is notified.
             items.push_back(Item(5, u"Project"_s, 10 * 60));
@@ -127,7 +130,8 @@ private slots:
         // Ten hours on: Essay comes within its day and Talk within its hour;
         // Quiz (ten hours left) had its day notice, Project is due now.
         QTRY_COMPARE(sent.size(), 2);
-        QCOMPARE(Sorted(m_fake.summaries.mid(3)), (QStringList{u"Essay (Chemistry)"_s, u"Talk (Chemistry)"_s}));
+        QCOMPARE(Sorted(m_fake.summaries.mid(3)),
+                 (QStringList{u"Essay (Chemistry)"_s, u"Talk (Chemistry)"_s}));
     }
 
     void failedNoticeIsNotRemembered()
