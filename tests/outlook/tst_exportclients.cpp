@@ -92,7 +92,8 @@ private slots:
         QTest::addColumn<QStringList>("edit");
         QTest::addColumn<QByteArray>("answers");
         QTest::addColumn<QStringList>("after");
-        // todoman's stable JSON; the due time in seconds, read in the local zone.
+        // todoman's stable JSON; the due time in seconds, read in the local zone;
+        // a fresh cache numbers the one task 1.
         const QString due = u"\"due\": %1"_s.arg(DueAt.toSecsSinceEpoch());
         QTest::newRow("todoman, done there")
             << QStringList{u"todoman"_s, u"--porcelain"_s, u"list"_s, u"--status"_s, u"ANY"_s}
