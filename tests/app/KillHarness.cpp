@@ -38,44 +38,36 @@ bool NewCourse(QRandomGenerator& random, int number)
     CreateDefaultGradingPolicy(courseId);
 
     CCourseOrderTable order;
-    if (!order.Open() || !order.NewRecord(0))
-        return false;
+    bool ok = order.Open() && order.NewRecord(0);
     order.SetCourseID(courseId);
     order.SetSemesterID(0);
     order.SetCoursePosition(order.GetRecordCount());
-    if (!order.UpdateRecord())
-        return false;
-
+    ok = ok && order.UpdateRecord();
     CTimeTable time;
-    if (!time.Open())
-        return false;
-    for (int i = 0; i < times; ++i) {
+    ok = ok && time.Open();
+    for (int i = 0; ok && i < times; ++i) {
         time.NewRecord(0);
         time.SetForeignRecordID(courseId);
         time.SetDayOfWeek(static_cast<quint16>(1 << i));
         time.SetStartTime(0.375);
         time.SetEndTime(0.41);
-        if (!time.UpdateRecord())
-            return false;
+        ok = time.UpdateRecord();
     }
     CTextbookTable book;
     CTextbookOrderTable bookOrder;
-    if (!book.Open() || !bookOrder.Open())
-        return false;
-    for (int i = 0; i < books; ++i) {
+    ok = ok && book.Open() && bookOrder.Open();
+    for (int i = 0; ok && i < books; ++i) {
         book.NewRecord(0);
         book.SetCourseID(courseId);
         book.SetTextbookName(QStringLiteral("Reader %1").arg(i));
-        if (!book.UpdateRecord())
-            return false;
+        ok = book.UpdateRecord();
         bookOrder.NewRecord(0);
         bookOrder.SetCourseID(courseId);
         bookOrder.SetTextbookID(book.GetRecordID());
         bookOrder.SetTextbookPosition(static_cast<quint16>(i));
-        if (!bookOrder.UpdateRecord())
-            return false;
+        ok = ok && bookOrder.UpdateRecord();
     }
-    return transaction.Commit() != 0;
+    return ok && transaction.Commit() != 0;
 }
 
 // The coursework editor's OK: a scored item written, the course grade recomputed.
@@ -83,11 +75,9 @@ bool SaveCoursework(QRandomGenerator& random, quint32 courseId)
 {
     CourseTypeList types;
     LoadCourseTypes(courseId, types);
-    if (types.empty())
-        return false;
     CTransaction transaction;
     CCourseworkTable item;
-    if (!item.Open() || !item.NewRecord(0))
+    if (types.empty() || !item.Open() || !item.NewRecord(0))
         return false;
     item.SetCourseID(courseId);
     item.SetCwTypeID(types.front().first);
@@ -108,29 +98,22 @@ bool SavePolicy(QRandomGenerator& random, quint32 courseId)
     const CCeDBProp key(courseId);
     CTransaction transaction;
     CGradingPolicyGradeTable minimums;
-    if (!minimums.Open(0))
-        return false;
-    minimums.SetSeekValue(&key, CDataTable::SeekValueEqual);
     CGradeScaleTable scale;
-    if (!scale.Open())
-        return false;
+    CCwTypeTable types;
+    bool ok = minimums.Open(0) && scale.Open() && types.Open(0);
     const double count = scale.GetRecordCount();
-    for (int ok = minimums.MoveFirst(1); ok; ok = minimums.MoveNext(1)) {
+    minimums.SetSeekValue(&key, CDataTable::SeekValueEqual);
+    for (int more = ok && minimums.MoveFirst(1); more; more = minimums.MoveNext(1)) {
         minimums.SetMinimumPercent(std::trunc(100.0 - (minimums.GetGrade() + 1) * (40.0 / count)) -
                                    offset);
-        if (!minimums.UpdateRecord())
-            return false;
+        ok = ok && minimums.UpdateRecord();
     }
-    CCwTypeTable types;
-    if (!types.Open(0))
-        return false;
     types.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = types.MoveFirst(1); ok; ok = types.MoveNext(1)) {
+    for (int more = ok && types.MoveFirst(1); more; more = types.MoveNext(1)) {
         types.SetWeight(offset);
-        if (!types.UpdateRecord())
-            return false;
+        ok = ok && types.UpdateRecord();
     }
-    return transaction.Commit() != 0;
+    return ok && transaction.Commit() != 0;
 }
 
 } // namespace
@@ -160,14 +143,12 @@ int main(int argc, char* argv[])
         // Between 3 and 12 courses, so that every run finds work of each kind.
         if (courses.size() < 3 || (pick < 30 && courses.size() <= 12))
             saved = NewCourse(random, number);
-        else if (courses.size() > 12)
+        else if (courses.size() > 12 || pick >= 85)
             saved = RemoveCourse(course);
         else if (pick < 60)
             saved = SaveCoursework(random, course);
-        else if (pick < 85)
-            saved = SavePolicy(random, course);
         else
-            saved = RemoveCourse(course);
+            saved = SavePolicy(random, course);
         if (saved) {
             std::putchar('.');
             std::fflush(stdout);

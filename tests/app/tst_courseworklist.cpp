@@ -35,134 +35,126 @@ class TestCourseworkList : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
     void cleanup() { m_db.reset(); }
-    void rows_data();
-    void rows();
-    void dueWindow_data();
-    void dueWindow();
+    // Biology's items are stored out of date order, so that the list has to sort
+    // them; C, A and B share a due time. History holds one item, done; Empty none.
+    void init()
+    {
+        m_db = std::make_unique<TestDatabase>();
+        QVERIFY(m_db->IsReady());
+        m_biology = Records::Course(u"Biology"_s);
+        Records::Course(u"Empty"_s);
+        const quint32 history = Records::Course(u"History"_s);
+        const quint32 labs = Records::CwType(m_biology, u"Labs"_s);
+        m_quizzes = Records::CwType(m_biology, u"Quizzes"_s);
+        const struct
+        {
+            const char16_t* name;
+            bool quiz;
+            double due;
+            quint16 completed;
+        } items[] = {
+            {u"After", false, Due(9, 13), 0},         {u"C", false, Due(9, 10, 23, 59), 0},
+            {u"NextSun", true, Due(9, 8, 23, 59), 0}, {u"A", false, Due(9, 10, 23, 59), 0},
+            {u"LastSat", false, Due(8, 31, 23), 0},   {u"TodayLate", false, Due(9, 7, 23, 59), 0},
+            {u"B", false, Due(9, 10, 23, 59), 0},     {u"Sunday", false, Due(9, 1), 100},
+            {u"DueBy", true, Due(9, 12, 23, 59), 0},  {u"Morning", false, Due(9, 7, 9), 99},
+            {u"NextMon", false, Due(9, 9, 8), 0}};
+        for (const auto& item : items)
+            Records::Coursework(m_biology, item.quiz ? m_quizzes : labs, QString::fromUtf16(item.name),
+                                -1, -1, item.due, item.completed);
+        Records::Coursework(history, Records::CwType(history, u"Essays"_s), u"Essay"_s, -1, -1,
+                            Due(9, 4, 12), 150);
+        m_archived = Records::Semester(u"Spring 2024"_s);
+        const quint32 old = Records::Course(u"Old"_s, m_archived);
+        Records::Coursework(old, Records::CwType(old, u"Labs"_s), u"Old lab"_s, -1, -1, Due(3, 1));
+    }
+
+    void rows_data()
+    {
+        QTest::addColumn<uint>("tab");
+        QTest::addColumn<bool>("allCourses");
+        QTest::addColumn<bool>("showDone");
+        QTest::addColumn<int>("today"); // of September 2024, at 10:00
+        QTest::addColumn<bool>("archived");
+        QTest::addColumn<QStringList>("expected");
+
+        const QStringList open{u"LastSat!"_s, u"Morning!"_s, u"TodayLate"_s, u"NextSun"_s, u"NextMon"_s,
+                               u"C"_s,        u"A"_s,        u"B"_s,         u"DueBy"_s};
+        // The stored type (quizzes) counts on the type tab of one course only.
+        QTest::newRow("no filter: by due date, ties in record order, done left out")
+            << 0u << false << false << 7 << false << open + QStringList{u"After"_s};
+        QTest::newRow("due by takes the whole day") << 4u << false << false << 7 << false << open;
+        QTest::newRow("type tab, one course")
+            << 1u << false << false << 7 << false << QStringList{u"NextSun"_s, u"DueBy"_s};
+        QTest::newRow("type tab, all courses: every type, no header without items")
+            << 1u << true << false << 7 << false
+            << QStringList{u"#Biology"_s} + open + QStringList{u"After"_s};
+        QTest::newRow("past due keeps today's later items")
+            << 2u << true << false << 7 << false
+            << QStringList{u"#Biology"_s, u"LastSat!"_s, u"Morning!"_s, u"TodayLate"_s};
+        QTest::newRow("past due, show done: 99 is not done, 150 is")
+            << 2u << true << true << 7 << false
+            << QStringList{u"#Biology"_s,  u"LastSat!"_s, u"Sunday"_s, u"Morning!"_s,
+                           u"TodayLate"_s, u"#History"_s, u"Essay"_s};
+        QTest::newRow("course week on a Saturday, from Sunday 0:00")
+            << 3u << false << true << 7 << false
+            << QStringList{u"Sunday"_s, u"Morning!"_s, u"TodayLate"_s, u"NextSun"_s};
+        QTest::newRow("course week on a Sunday")
+            << 3u << false << false << 8 << false
+            << QStringList{u"NextSun"_s, u"NextMon"_s, u"C"_s, u"A"_s, u"B"_s, u"DueBy"_s, u"After"_s};
+        QTest::newRow("archived semester on view")
+            << 0u << true << false << 7 << true << QStringList{u"#Old"_s, u"Old lab!"_s};
+    }
+    void rows()
+    {
+        QFETCH(uint, tab);
+        QFETCH(bool, allCourses);
+        QFETCH(bool, showDone);
+        QFETCH(int, today);
+        QFETCH(bool, archived);
+        QFETCH(QStringList, expected);
+        if (archived)
+            CAppStateTable::Instance().SetCurrentSemesterID(m_archived);
+        CourseworkFilter filter;
+        filter.tab = static_cast<CViewTabTable::ViewTabIDs>(tab);
+        filter.courseId = allCourses ? AllCoursesID : m_biology;
+        filter.cwTypeId = m_quizzes;
+        filter.dueBy = Due(9, 12, 18); // as the picker stores it; the time must not count
+        filter.showDone = showDone;
+        filter.now = QDateTime(QDate(2024, 9, today), QTime(10, 0));
+        QCOMPARE(Texts(FillCourseworkRows(filter)), expected);
+    }
+
+    void dueWindow_data()
+    {
+        QTest::addColumn<uint>("tab");
+        QTest::addColumn<QDate>("today");
+        QTest::addColumn<QDate>("from");
+        QTest::addColumn<QDate>("to");
+        QTest::newRow("course week on a Wednesday")
+            << 3u << QDate(2024, 9, 4) << QDate(2024, 9, 1) << QDate(2024, 9, 8);
+        QTest::newRow("course week across a year")
+            << 3u << QDate(2024, 12, 31) << QDate(2024, 12, 29) << QDate(2025, 1, 5);
+        QTest::newRow("a tab past the fourth")
+            << 7u << QDate(2024, 9, 7) << QDate(1, 1, 1) << QDate(9999, 12, 31);
+    }
+    void dueWindow()
+    {
+        QFETCH(uint, tab);
+        QFETCH(QDate, today);
+        QFETCH(QDate, from);
+        QFETCH(QDate, to);
+        const auto window = DueWindow(static_cast<CViewTabTable::ViewTabIDs>(tab), today, Due(9, 12));
+        QCOMPARE(BrindleDate::ToDate(window.first), from);
+        QCOMPARE(BrindleDate::ToDate(window.second), to);
+        QCOMPARE(window.second - window.first, static_cast<double>(from.daysTo(to)));
+    }
 
 private:
     std::unique_ptr<TestDatabase> m_db;
     quint32 m_biology = 0, m_quizzes = 0, m_archived = 0;
 };
-
-// Biology's items are stored out of date order, so that the list has to sort
-// them; C, A and B share a due time. History holds one item, done; Empty none.
-void TestCourseworkList::init()
-{
-    m_db = std::make_unique<TestDatabase>();
-    QVERIFY(m_db->IsReady());
-    m_biology = Records::Course(u"Biology"_s);
-    Records::Course(u"Empty"_s);
-    const quint32 history = Records::Course(u"History"_s);
-    const quint32 labs = Records::CwType(m_biology, u"Labs"_s);
-    m_quizzes = Records::CwType(m_biology, u"Quizzes"_s);
-    const struct
-    {
-        const char16_t* name;
-        bool quiz;
-        double due;
-        quint16 completed;
-    } items[] = {
-        {u"After", false, Due(9, 13), 0},         {u"C", false, Due(9, 10, 23, 59), 0},
-        {u"NextSun", true, Due(9, 8, 23, 59), 0}, {u"A", false, Due(9, 10, 23, 59), 0},
-        {u"LastSat", false, Due(8, 31, 23), 0},   {u"TodayLate", false, Due(9, 7, 23, 59), 0},
-        {u"B", false, Due(9, 10, 23, 59), 0},     {u"Sunday", false, Due(9, 1), 100},
-        {u"DueBy", true, Due(9, 12, 23, 59), 0},  {u"Morning", false, Due(9, 7, 9), 99},
-        {u"NextMon", false, Due(9, 9, 8), 0}};
-    for (const auto& item : items)
-        Records::Coursework(m_biology, item.quiz ? m_quizzes : labs, QString::fromUtf16(item.name),
-                            -1, -1, item.due, item.completed);
-    Records::Coursework(history, Records::CwType(history, u"Essays"_s), u"Essay"_s, -1, -1,
-                        Due(9, 4, 12), 150);
-    m_archived = Records::Semester(u"Spring 2024"_s);
-    const quint32 old = Records::Course(u"Old"_s, m_archived);
-    Records::Coursework(old, Records::CwType(old, u"Labs"_s), u"Old lab"_s, -1, -1, Due(3, 1));
-}
-
-void TestCourseworkList::rows_data()
-{
-    QTest::addColumn<uint>("tab");
-    QTest::addColumn<bool>("allCourses");
-    QTest::addColumn<bool>("showDone");
-    QTest::addColumn<int>("today"); // of September 2024, at 10:00
-    QTest::addColumn<bool>("archived");
-    QTest::addColumn<QStringList>("expected");
-
-    const QStringList open{u"LastSat!"_s, u"Morning!"_s, u"TodayLate"_s, u"NextSun"_s, u"NextMon"_s,
-                           u"C"_s,        u"A"_s,        u"B"_s,         u"DueBy"_s};
-    // The stored type (quizzes) counts on the type tab of one course only.
-    QTest::newRow("no filter: by due date, ties in record order, done left out")
-        << 0u << false << false << 7 << false << open + QStringList{u"After"_s};
-    QTest::newRow("due by takes the whole day") << 4u << false << false << 7 << false << open;
-    QTest::newRow("type tab, one course")
-        << 1u << false << false << 7 << false << QStringList{u"NextSun"_s, u"DueBy"_s};
-    QTest::newRow("type tab, all courses: every type, no header without items")
-        << 1u << true << false << 7 << false
-        << QStringList{u"#Biology"_s} + open + QStringList{u"After"_s};
-    QTest::newRow("past due keeps today's later items")
-        << 2u << true << false << 7 << false
-        << QStringList{u"#Biology"_s, u"LastSat!"_s, u"Morning!"_s, u"TodayLate"_s};
-    QTest::newRow("past due, show done: 99 is not done, 150 is")
-        << 2u << true << true << 7 << false
-        << QStringList{u"#Biology"_s,  u"LastSat!"_s, u"Sunday"_s, u"Morning!"_s,
-                       u"TodayLate"_s, u"#History"_s, u"Essay"_s};
-    QTest::newRow("course week on a Saturday, from Sunday 0:00")
-        << 3u << false << true << 7 << false
-        << QStringList{u"Sunday"_s, u"Morning!"_s, u"TodayLate"_s, u"NextSun"_s};
-    QTest::newRow("course week on a Sunday")
-        << 3u << false << false << 8 << false
-        << QStringList{u"NextSun"_s, u"NextMon"_s, u"C"_s, u"A"_s, u"B"_s, u"DueBy"_s, u"After"_s};
-    QTest::newRow("archived semester on view")
-        << 0u << true << false << 7 << true << QStringList{u"#Old"_s, u"Old lab!"_s};
-}
-
-void TestCourseworkList::rows()
-{
-    QFETCH(uint, tab);
-    QFETCH(bool, allCourses);
-    QFETCH(bool, showDone);
-    QFETCH(int, today);
-    QFETCH(bool, archived);
-    QFETCH(QStringList, expected);
-    if (archived)
-        CAppStateTable::Instance().SetCurrentSemesterID(m_archived);
-    CourseworkFilter filter;
-    filter.tab = static_cast<CViewTabTable::ViewTabIDs>(tab);
-    filter.courseId = allCourses ? AllCoursesID : m_biology;
-    filter.cwTypeId = m_quizzes;
-    filter.dueBy = Due(9, 12, 18); // as the picker stores it; the time must not count
-    filter.showDone = showDone;
-    filter.now = QDateTime(QDate(2024, 9, today), QTime(10, 0));
-    QCOMPARE(Texts(FillCourseworkRows(filter)), expected);
-}
-
-void TestCourseworkList::dueWindow_data()
-{
-    QTest::addColumn<uint>("tab");
-    QTest::addColumn<QDate>("today");
-    QTest::addColumn<QDate>("from");
-    QTest::addColumn<QDate>("to");
-    QTest::newRow("course week on a Wednesday")
-        << 3u << QDate(2024, 9, 4) << QDate(2024, 9, 1) << QDate(2024, 9, 8);
-    QTest::newRow("course week across a year")
-        << 3u << QDate(2024, 12, 31) << QDate(2024, 12, 29) << QDate(2025, 1, 5);
-    QTest::newRow("a tab past the fourth")
-        << 7u << QDate(2024, 9, 7) << QDate(1, 1, 1) << QDate(9999, 12, 31);
-}
-
-void TestCourseworkList::dueWindow()
-{
-    QFETCH(uint, tab);
-    QFETCH(QDate, today);
-    QFETCH(QDate, from);
-    QFETCH(QDate, to);
-    const auto window = DueWindow(static_cast<CViewTabTable::ViewTabIDs>(tab), today, Due(9, 12));
-    QCOMPARE(BrindleDate::ToDate(window.first), from);
-    QCOMPARE(BrindleDate::ToDate(window.second), to);
-    QCOMPARE(window.second - window.first, static_cast<double>(from.daysTo(to)));
-}
 
 QTEST_GUILESS_MAIN(TestCourseworkList)
 #include "tst_courseworklist.moc"

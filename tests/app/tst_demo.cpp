@@ -14,61 +14,57 @@ class TestDemo : public QObject
     Q_OBJECT
 
 private slots:
-    void sizes_data();
-    void sizes();
+    void sizes_data()
+    {
+        QTest::addColumn<DemoSize>("size");
+        QTest::newRow("default") << DemoSize();
+        QTest::newRow("uneven split") << DemoSize{4, 11, 301, 3, 40};
+        QTest::newRow("no archive") << DemoSize{1, 2, 10, 2, 10};
+    }
+    void sizes()
+    {
+        QFETCH(DemoSize, size);
+        TestDatabase db;
+        QVERIFY(db.IsReady());
+        const QDate today(2024, 10, 9);
+        QVERIFY(BuildDemoDatabase(today, size));
+        QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), WorkingSemesterID);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), AllCoursesID);
+        QCOMPARE(Records::Count("Semester"), size.semesters - 1);
+        QCOMPARE(Records::Count("Course"), size.courses);
+        QCOMPARE(Records::Count("Coursework"), size.coursework);
+        const std::vector<quint32> working = GetSemesterCourses(WorkingSemesterID);
+        QCOMPARE(working.size(), size_t(size.workingCourses));
+
+        CourseworkFilter filter;
+        filter.courseId = AllCoursesID;
+        filter.showDone = true;
+        filter.now = QDateTime(today, QTime(12, 0));
+        int items = 0, graded = 0, overdue = 0, done = 0;
+        for (const CourseworkRow& row : FillCourseworkRows(filter)) {
+            items += !row.isHeader;
+            graded += !row.isHeader && row.score >= 0.0;
+            overdue += row.overdue;
+            done += !row.isHeader && row.completed >= 100;
+        }
+        QCOMPARE(items, size.workingCoursework);
+        if (QTest::currentDataTag() != QByteArrayLiteral("default"))
+            return;
+        QVERIFY(graded > 5 && items - graded > 5 && done > 5 && overdue >= 1);
+        CCourseTable course;
+        QVERIFY(course.Open());
+        for (quint32 id : working) {
+            QVERIFY(course.MoveToRecord(id));
+            QVERIFY2(course.GetCurrentGrade() > 0.5 && course.GetCurrentGrade() <= 1.0,
+                     qPrintable(course.GetCourseName()));
+            QVERIFY(course.GetBuildingID() != 0);
+            QVERIFY(course.GetCourseHours() > 0.0);
+        }
+        QVERIFY(Records::Count("CourseInstructor") >= 9);
+        QVERIFY(Records::Count("Textbook") >= 9);
+        QVERIFY(Records::Count("Time") >= 9 + 5); // meeting times and office hours
+    }
 };
-
-void TestDemo::sizes_data()
-{
-    QTest::addColumn<DemoSize>("size");
-    QTest::newRow("default") << DemoSize();
-    QTest::newRow("uneven split") << DemoSize{4, 11, 301, 3, 40};
-    QTest::newRow("no archive") << DemoSize{1, 2, 10, 2, 10};
-}
-
-void TestDemo::sizes()
-{
-    QFETCH(DemoSize, size);
-    TestDatabase db;
-    QVERIFY(db.IsReady());
-    const QDate today(2024, 10, 9);
-    QVERIFY(BuildDemoDatabase(today, size));
-    QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), WorkingSemesterID);
-    QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), AllCoursesID);
-    QCOMPARE(Records::Count("Semester"), size.semesters - 1);
-    QCOMPARE(Records::Count("Course"), size.courses);
-    QCOMPARE(Records::Count("Coursework"), size.coursework);
-    const std::vector<quint32> working = GetSemesterCourses(WorkingSemesterID);
-    QCOMPARE(working.size(), size_t(size.workingCourses));
-
-    CourseworkFilter filter;
-    filter.courseId = AllCoursesID;
-    filter.showDone = true;
-    filter.now = QDateTime(today, QTime(12, 0));
-    int items = 0, graded = 0, overdue = 0, done = 0;
-    for (const CourseworkRow& row : FillCourseworkRows(filter)) {
-        items += !row.isHeader;
-        graded += !row.isHeader && row.score >= 0.0;
-        overdue += row.overdue;
-        done += !row.isHeader && row.completed >= 100;
-    }
-    QCOMPARE(items, size.workingCoursework);
-    if (QTest::currentDataTag() != QByteArrayLiteral("default"))
-        return;
-    QVERIFY(graded > 5 && items - graded > 5 && done > 5 && overdue >= 1);
-    CCourseTable course;
-    QVERIFY(course.Open());
-    for (quint32 id : working) {
-        QVERIFY(course.MoveToRecord(id));
-        QVERIFY2(course.GetCurrentGrade() > 0.5 && course.GetCurrentGrade() <= 1.0,
-                 qPrintable(course.GetCourseName()));
-        QVERIFY(course.GetBuildingID() != 0);
-        QVERIFY(course.GetCourseHours() > 0.0);
-    }
-    QVERIFY(Records::Count("CourseInstructor") >= 9);
-    QVERIFY(Records::Count("Textbook") >= 9);
-    QVERIFY(Records::Count("Time") >= 9 + 5); // meeting times and office hours
-}
 
 QTEST_GUILESS_MAIN(TestDemo)
 #include "tst_demo.moc"

@@ -48,117 +48,107 @@ class TestGradeBar : public DatabaseTest
     Q_OBJECT
 
 private slots:
-    void courseGrade_data();
-    void courseGrade();
-    void gpa_data();
-    void gpa();
-    void banner_data();
-    void banner();
-};
-
-void TestGradeBar::courseGrade_data()
-{
-    QTest::addColumn<double>("grade");
-    QTest::addColumn<double>("predicted"); // shown in prediction mode; -1 for off
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no score") << -1.0 << -1.0 << u"Grade: --"_s;
-    QTest::newRow("rounded up, not to nearest") << 0.87341 << -1.0 << u"Grade: 87.35% B"_s;
-    QTest::newRow("above 100 cut to its whole part") << 1.05 << -1.0 << u"Grade: 105% A"_s;
-    QTest::newRow("just above 100 becomes 100") << 1.00004 << -1.0 << u"Grade: 100% A"_s;
-    QTest::newRow("shown as 90 but graded on the unrounded value")
-        << 0.899999 << -1.0 << u"Grade: 90% B"_s;
-    QTest::newRow("0.57 times 10000 just below 5700") << 0.57 << -1.0 << u"Grade: 57%"_s;
-    QTest::newRow("on the lowest minimum") << 0.6 << -1.0 << u"Grade: 60% D"_s;
-    QTest::newRow("one decimal") << 0.755 << -1.0 << u"Grade: 75.5% C"_s;
-    QTest::newRow("predicted grade") << 0.75 << 0.95 << u"Grade: 95% A"_s;
-}
-
-void TestGradeBar::courseGrade()
-{
-    QFETCH(double, grade);
-    QFETCH(double, predicted);
-    QFETCH(QString, expected);
-    const quint32 course = GradedCourse(u"Biology"_s, grade);
-    CAppStateTable::Instance().SetCurrentCourseID(course);
-    if (predicted >= 0) {
-        CPredictionStore::Instance().SetActive(true);
-        CPredictionStore::Instance().SetPredictedGrade(course, predicted);
+    void courseGrade_data()
+    {
+        QTest::addColumn<double>("grade");
+        QTest::addColumn<double>("predicted"); // shown in prediction mode; -1 for off
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("no score") << -1.0 << -1.0 << u"Grade: --"_s;
+        QTest::newRow("rounded up, not to nearest") << 0.87341 << -1.0 << u"Grade: 87.35% B"_s;
+        QTest::newRow("above 100 cut to its whole part") << 1.05 << -1.0 << u"Grade: 105% A"_s;
+        QTest::newRow("just above 100 becomes 100") << 1.00004 << -1.0 << u"Grade: 100% A"_s;
+        QTest::newRow("shown as 90 but graded on the unrounded value")
+            << 0.899999 << -1.0 << u"Grade: 90% B"_s;
+        QTest::newRow("0.57 times 10000 just below 5700") << 0.57 << -1.0 << u"Grade: 57%"_s;
+        QTest::newRow("on the lowest minimum") << 0.6 << -1.0 << u"Grade: 60% D"_s;
+        QTest::newRow("one decimal") << 0.755 << -1.0 << u"Grade: 75.5% C"_s;
+        QTest::newRow("predicted grade") << 0.75 << 0.95 << u"Grade: 95% A"_s;
     }
-    QCOMPARE(GradeBarText(), expected);
-}
+    void courseGrade()
+    {
+        QFETCH(double, grade);
+        QFETCH(double, predicted);
+        QFETCH(QString, expected);
+        const quint32 course = GradedCourse(u"Biology"_s, grade);
+        CAppStateTable::Instance().SetCurrentCourseID(course);
+        if (predicted >= 0) {
+            CPredictionStore::Instance().SetActive(true);
+            CPredictionStore::Instance().SetPredictedGrade(course, predicted);
+        }
+        QCOMPARE(GradeBarText(), expected);
+    }
 
-void TestGradeBar::gpa_data()
-{
-    QTest::addColumn<QList<double>>("grades");
-    QTest::addColumn<QList<double>>("hours");
-    QTest::addColumn<bool>("byHours");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no course") << QList<double>{} << QList<double>{} << false << u"GPA:"_s;
-    QTest::newRow("no course graded")
-        << QList<double>{-1.0, -1.0} << QList<double>{3, 4} << false << u"GPA:"_s;
-    QTest::newRow("A and B") << QList<double>{0.95, 0.85, -1.0} << QList<double>{3, 3, 3} << false
-                             << u"GPA: 3.50"_s;
-    QTest::newRow("A for 4 hours, C for 2")
-        << QList<double>{0.95, 0.75} << QList<double>{4, 2} << true << u"GPA: 3.33"_s;
-    QTest::newRow("only zero-hour courses, by hours")
-        << QList<double>{0.95} << QList<double>{0} << true << u"GPA:"_s;
-    QTest::newRow("below the scale counts as 0 points")
-        << QList<double>{0.95, 0.3} << QList<double>{3, 3} << false << u"GPA: 2.00"_s;
-}
+    void gpa_data()
+    {
+        QTest::addColumn<QList<double>>("grades");
+        QTest::addColumn<QList<double>>("hours");
+        QTest::addColumn<bool>("byHours");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("no course") << QList<double>{} << QList<double>{} << false << u"GPA:"_s;
+        QTest::newRow("no course graded")
+            << QList<double>{-1.0, -1.0} << QList<double>{3, 4} << false << u"GPA:"_s;
+        QTest::newRow("A and B") << QList<double>{0.95, 0.85, -1.0} << QList<double>{3, 3, 3} << false
+                                 << u"GPA: 3.50"_s;
+        QTest::newRow("A for 4 hours, C for 2")
+            << QList<double>{0.95, 0.75} << QList<double>{4, 2} << true << u"GPA: 3.33"_s;
+        QTest::newRow("only zero-hour courses, by hours")
+            << QList<double>{0.95} << QList<double>{0} << true << u"GPA:"_s;
+        QTest::newRow("below the scale counts as 0 points")
+            << QList<double>{0.95, 0.3} << QList<double>{3, 3} << false << u"GPA: 2.00"_s;
+    }
+    void gpa()
+    {
+        QFETCH(QList<double>, grades);
+        QFETCH(QList<double>, hours);
+        QFETCH(bool, byHours);
+        QFETCH(QString, expected);
+        for (qsizetype i = 0; i < grades.size(); ++i)
+            GradedCourse(u"Course %1"_s.arg(i), grades[i], hours[i]);
+        WeightByHours(byHours);
+        CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
+        QCOMPARE(GradeBarText(), expected);
+    }
 
-void TestGradeBar::gpa()
-{
-    QFETCH(QList<double>, grades);
-    QFETCH(QList<double>, hours);
-    QFETCH(bool, byHours);
-    QFETCH(QString, expected);
-    for (qsizetype i = 0; i < grades.size(); ++i)
-        GradedCourse(u"Course %1"_s.arg(i), grades[i], hours[i]);
-    WeightByHours(byHours);
-    CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
-    QCOMPARE(GradeBarText(), expected);
-}
+    void banner_data()
+    {
+        QTest::addColumn<bool>("predicting");
+        QTest::addColumn<bool>("archived");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("exit");
+        QTest::newRow("neither") << false << false << QString() << QString();
+        QTest::newRow("prediction") << true << false << u"Grade Prediction Mode"_s
+                                    << u"Exit Grade Prediction Mode"_s;
+        QTest::newRow("archived") << false << true << u"Archived Semester"_s
+                                  << u"Exit Archived Semester"_s;
+        QTest::newRow("prediction wins")
+            << true << true << u"Grade Prediction Mode"_s << u"Exit Grade Prediction Mode"_s;
+    }
+    void banner()
+    {
+        QFETCH(bool, predicting);
+        QFETCH(bool, archived);
+        QFETCH(QString, text);
+        QFETCH(QString, exit);
+        CPredictionStore::Instance().SetActive(predicting);
+        CAppStateTable::Instance().SetCurrentSemesterID(archived ? Records::Semester(u"Spring 2024"_s)
+                                                                 : WorkingSemesterID);
+        CMainView view;
+        view.show();
+        view.LayoutView();
+        QCOMPARE(view.Banner()->isVisible(), !text.isEmpty());
+        if (text.isEmpty())
+            return;
+        QCOMPARE(view.Banner()->text(), text);
 
-void TestGradeBar::banner_data()
-{
-    QTest::addColumn<bool>("predicting");
-    QTest::addColumn<bool>("archived");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("exit");
-    QTest::newRow("neither") << false << false << QString() << QString();
-    QTest::newRow("prediction") << true << false << u"Grade Prediction Mode"_s
-                                << u"Exit Grade Prediction Mode"_s;
-    QTest::newRow("archived") << false << true << u"Archived Semester"_s
-                              << u"Exit Archived Semester"_s;
-    QTest::newRow("prediction wins")
-        << true << true << u"Grade Prediction Mode"_s << u"Exit Grade Prediction Mode"_s;
-}
-
-void TestGradeBar::banner()
-{
-    QFETCH(bool, predicting);
-    QFETCH(bool, archived);
-    QFETCH(QString, text);
-    QFETCH(QString, exit);
-    CPredictionStore::Instance().SetActive(predicting);
-    CAppStateTable::Instance().SetCurrentSemesterID(archived ? Records::Semester(u"Spring 2024"_s)
-                                                             : WorkingSemesterID);
-    CMainView view;
-    view.show();
-    view.LayoutView();
-    QCOMPARE(view.Banner()->isVisible(), !text.isEmpty());
-    if (text.isEmpty())
-        return;
-    QCOMPARE(view.Banner()->text(), text);
-
-    QSignalSpy command(&view, &CMainView::BannerCommand);
-    QMenu* menu = view.OpenBannerMenu(QPoint(4, 4));
-    QCOMPARE(menu->actions().size(), 1);
-    QCOMPARE(menu->actions().constFirst()->text(), exit);
-    menu->actions().constFirst()->trigger();
-    QCOMPARE(command.count(), 1);
-    menu->close();
-}
+        QSignalSpy command(&view, &CMainView::BannerCommand);
+        QMenu* menu = view.OpenBannerMenu(QPoint(4, 4));
+        QCOMPARE(menu->actions().size(), 1);
+        QCOMPARE(menu->actions().constFirst()->text(), exit);
+        menu->actions().constFirst()->trigger();
+        QCOMPARE(command.count(), 1);
+        menu->close();
+    }
+};
 
 QTEST_MAIN(TestGradeBar)
 #include "tst_gradebar.moc"

@@ -1,158 +1,241 @@
-// The main frame: its two menu bars, the command-state rules and help.
+// The main frame: its menu bar, the command-state rules and help, and the
+// grade bar after each command that changes it: grade names after
+// Institution, new coursework in prediction mode, predicted grades after the
+// prediction options.
 // Checked against: two Tools items swapped.
 #include "BrindleData.h"
+#include "app/Clock.h"
+#include "app/CourseworkListModel.h"
 #include "app/MainFrame.h"
+#include "app/MainView.h"
 #include "controls/HelpViewer.h"
-#include "grading/PredictionStore.h"
+#include "controls/NumericEdit.h"
+#include "editors/CourseworkDlg.h"
+#include "editors/CourseworkDlgInfoPage.h"
+#include "grading/dialogs/GradePredictionDlg.h"
+#include "support/DatabaseTest.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList MenuTexts(const QMenu* menu)
+QStringList MenuTexts(const QList<QAction*>& actions)
 {
     QStringList texts;
-    for (const QAction* action : menu->actions())
+    for (const QAction* action : actions)
         texts << (action->isSeparator() ? u"-"_s : action->text());
     return texts;
 }
 
-QStringList BarTitles(QMainWindow& frame)
+QStringList MenuTexts(CMainFrame& frame, int menu)
 {
-    QStringList titles;
-    // Without the mnemonic markers.
-    for (const QAction* action : frame.menuBar()->actions())
-        titles << action->text().remove(u'&');
-    return titles;
+    return MenuTexts(frame.menuBar()->actions().value(menu)->menu()->actions());
 }
 
-QMenu* CourseMenu(QMainWindow& frame)
-{
-    return frame.menuBar()->actions().value(0)->menu();
-}
-
-QAction* Action(QMainWindow& frame, const char* name)
+QAction* Action(CMainFrame& frame, const char* name)
 {
     return frame.findChild<QAction*>(QString::fromLatin1(name));
 }
 
+void Trigger(CMainFrame& frame, const char* name)
+{
+    QAction* action = Action(frame, name);
+    QVERIFY(action);
+    frame.UpdateCommandStates();
+    QVERIFY(action->isEnabled());
+    action->trigger();
+}
+
 } // namespace
 
-class TestMainFrame : public QObject
+class TestMainFrame : public DatabaseTest
 {
     Q_OBJECT
 
+    quint32 m_course = 0;
+
 private slots:
+    // Biology, current, stored at 85 % and graded by points on the scale A to
+    // D (90, 80, 70, 60); its one item, Lab 1, is ungraded out of 10.
     void init()
     {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
+        DatabaseTest::init();
+        BrindleClock::SetNow(QDateTime(QDate(2024, 9, 7), QTime(10, 0)));
+        m_course = Records::Course(u"Biology"_s, 0, 0.85);
+        Records::Policy(m_course, CGradingPolicyTable::WeightNone);
+        for (quint16 grade = 0; grade < 4; ++grade)
+            Records::MinimumPercent(m_course, grade, 90.0 - 10.0 * grade);
+        Records::Coursework(m_course, Records::CwType(m_course, u"Labs"_s, 0.0, 0, 0), u"Lab 1"_s,
+                            -1.0, 10.0);
+        CAppStateTable::Instance().SetCurrentCourseID(m_course);
+        QVERIFY(CAppStateTable::Instance().UpdateRecord());
     }
     void cleanup()
     {
-        CPredictionStore::Instance().SetActive(false);
-        m_db.reset();
+        DatabaseTest::cleanup();
+        BrindleClock::SetNow({});
     }
 
-    void menusAndTheCurrentCourse();
-    void predictionCommandStates_data();
-    void predictionCommandStates();
-    void helpOpensTheMainContents();
+    // The menu texts and their order as the user sees them; the Course menu
+    // holds the course commands only while a course is current.
+    void menusAndTheCurrentCourse()
+    {
+        CMainFrame frame;
+        QCOMPARE(MenuTexts(frame.menuBar()->actions()),
+                 QStringList({u"&Course"_s, u"&Tools"_s, u"&Prediction"_s}));
+        QCOMPARE(MenuTexts(frame, 0),
+                 QStringList({u"New Course..."_s, u"Sort Courses..."_s, u"Delete Course..."_s,
+                              u"Progress Report..."_s, u"-"_s, u"Add Coursework..."_s,
+                              u"Edit Course..."_s, u"Edit Instructors..."_s,
+                              u"Edit Grading Policy..."_s}));
+        QCOMPARE(MenuTexts(frame, 1),
+                 QStringList({u"About Brindle..."_s, u"Database..."_s, u"-"_s, u"Semester..."_s,
+                              u"Tab Order..."_s, u"Buildings..."_s, u"All Instructors..."_s,
+                              u"Institution..."_s, u"Report Card..."_s, u"-"_s,
+                              u"Grade Planner..."_s, u"Today Companion..."_s, u"-"_s,
+                              u"Export Folders..."_s}));
+        QCOMPARE(MenuTexts(frame, 2), QStringList({u"Options..."_s, u"Turn On"_s}));
+        CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
+        frame.RefreshMenuBar();
+        QCOMPARE(MenuTexts(frame, 0), QStringList({u"New Course..."_s, u"Sort Courses..."_s}));
+    }
 
-private:
-    std::unique_ptr<TestDatabase> m_db;
+    void predictionCommandStates_data()
+    {
+        QTest::addColumn<bool>("archived");
+        QTest::addColumn<bool>("predicting");
+        QTest::addColumn<QString>("toggleText");
+        QTest::newRow("working semester, off") << false << false << u"Turn On"_s;
+        QTest::newRow("working semester, on") << false << true << u"Turn Off"_s;
+        QTest::newRow("archived semester") << true << false << u"Turn On"_s;
+    }
+    void predictionCommandStates()
+    {
+        QFETCH(bool, archived);
+        QFETCH(bool, predicting);
+        QFETCH(QString, toggleText);
+        if (archived)
+            CAppStateTable::Instance().SetCurrentSemesterID(Records::Semester(u"Fall 2025"_s));
+        CPredictionStore::Instance().SetActive(predicting);
+        CMainFrame frame;
+        frame.UpdateCommandStates();
+        QAction* toggle = Action(frame, "actionTogglePrediction");
+        QVERIFY(toggle);
+        QCOMPARE(toggle->text(), toggleText);
+        QCOMPARE(toggle->isEnabled(), !archived);
+        QVERIFY(!archived || !Action(frame, "actionPredictionOptions")->isEnabled());
+        // The other commands do not depend on the semester.
+        QVERIFY(Action(frame, "actionAbout")->isEnabled());
+        if (archived)
+            return;
+        // The toggle switches the mode; turning it off forgets the scores to give.
+        CPredictionStore::Instance().SetScoreToGive(7, 0.8);
+        toggle->trigger();
+        QCOMPARE(CPredictionStore::Instance().IsActive(), !predicting);
+        QCOMPARE(toggle->text(), predicting ? u"Turn On"_s : u"Turn Off"_s);
+        QCOMPARE(CPredictionStore::Instance().ScoreToGive(7).has_value(), !predicting);
+    }
+
+    void helpOpensTheMainContents()
+    {
+        CMainFrame frame;
+        Trigger(frame, "actionHelp");
+        auto* viewer = frame.findChild<CHelpViewer*>();
+        QVERIFY(viewer);
+        QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
+        QVERIFY(viewer->Browser()->toPlainText().contains(u"The main window"_s));
+        QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
+    }
+
+    void commandRefreshesTheGrade_data()
+    {
+        QTest::addColumn<QByteArray>("action");
+        QTest::addColumn<bool>("predicting");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<int>("rowsAdded");
+        QTest::newRow("Institution renames the grade")
+            << QByteArray("actionInstitution") << false << u"Grade: 85% Good"_s << 0;
+        // 5 of 10, stored or predicted: below every minimum, so no grade name.
+        QTest::newRow("Add Coursework, prediction off")
+            << QByteArray("actionAddCoursework") << false << u"Grade: 50%"_s << 1;
+        QTest::newRow("Add Coursework, prediction on")
+            << QByteArray("actionAddCoursework") << true << u"Grade: 50%"_s << 1;
+        // Lab 1 counts as 9.5 of 10 in the list and in the grade alike.
+        QTest::newRow("prediction options")
+            << QByteArray("actionPredictionOptions") << true << u"Grade: 95% A"_s << 0;
+    }
+    void commandRefreshesTheGrade()
+    {
+        QFETCH(QByteArray, action);
+        QFETCH(bool, predicting);
+        QFETCH(QString, after);
+        QFETCH(int, rowsAdded);
+        CPredictionStore::Instance().SetActive(predicting);
+        CMainFrame frame;
+        QCOMPARE(frame.View()->GradeBar()->text(), u"Grade: 85% B"_s);
+        const int rowsBefore = frame.View()->ListModel()->rowCount();
+        int noteShown = -1; // the coursework editor's word that scores are not saved
+        DialogRunner::SetHook([&noteShown](QDialog& dialog) {
+            if (auto* coursework = qobject_cast<CourseworkDlg*>(&dialog)) {
+                auto* note = dialog.findChild<QLabel*>(u"predictionNote"_s);
+                noteShown = note && note->isVisibleTo(&dialog) && !note->text().isEmpty();
+                coursework->InfoPage()->NameEdit()->setText(u"Quiz"_s);
+                QTest::keyClicks(coursework->InfoPage()->ScoreEdit(), u"5"_s);
+                QTest::keyClicks(coursework->InfoPage()->OutOfEdit(), u"10"_s);
+            } else if (auto* options = qobject_cast<GradePredictionDlg*>(&dialog)) {
+                options->SetPercent(0, 95.0);
+            } else {
+                // What the Institution dialog's OK does to a grade name, done directly.
+                CGradeScaleTable scale;
+                scale.Open();
+                for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1)) {
+                    if (scale.GetGrade() == 1) {
+                        scale.SetGradeName(u"Good"_s);
+                        scale.UpdateRecord();
+                    }
+                }
+                return int(QDialog::Accepted);
+            }
+            dialog.accept();
+            return dialog.result();
+        });
+        Trigger(frame, action.constData());
+        QCOMPARE(frame.View()->GradeBar()->text(), after);
+        QCOMPARE(frame.View()->ListModel()->rowCount(), rowsBefore + rowsAdded);
+        if (action == "actionAddCoursework")
+            QCOMPARE(noteShown, int(predicting));
+        if (predicting) {
+            // Nothing of a prediction reached the database.
+            CCourseTable course;
+            QVERIFY(course.Open() && course.MoveToRecord(m_course));
+            QCOMPARE(course.GetCurrentGrade(), 0.85);
+        }
+    }
+
+    void deleteKeyClearsAPercentToGive()
+    {
+        GradePredictionDlg dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        dialog.SetPercent(0, 80.0);
+        auto* list = dialog.findChild<QTreeWidget*>();
+        QVERIFY(list);
+        list->setFocus();
+        list->setCurrentItem(list->topLevelItem(0));
+        QTest::keyClick(list, Qt::Key_Delete);
+        QCOMPARE(dialog.Courses().front().types.front().percent, GradePredictionDlg::NoPercent);
+    }
 };
-
-// The menu texts and their order as the user sees them; the Course menu
-// grows by the course commands while a course is current.
-void TestMainFrame::menusAndTheCurrentCourse()
-{
-    const quint32 course = Records::Course(u"Statistics"_s);
-    CMainFrame frame;
-    QCOMPARE(BarTitles(frame), QStringList({u"Course"_s, u"Tools"_s, u"Prediction"_s}));
-    QCOMPARE(MenuTexts(CourseMenu(frame)), QStringList({u"New Course..."_s, u"Sort Courses..."_s}));
-    const auto menus = frame.menuBar()->actions();
-    QCOMPARE(MenuTexts(menus.at(1)->menu()),
-             QStringList({u"About Brindle..."_s, u"Database..."_s, u"-"_s, u"Semester..."_s,
-                          u"Tab Order..."_s, u"Buildings..."_s, u"All Instructors..."_s,
-                          u"Institution..."_s, u"Report Card..."_s, u"-"_s, u"Grade Planner..."_s,
-                          u"Today Companion..."_s, u"-"_s, u"Export Folders..."_s}));
-    QCOMPARE(MenuTexts(menus.at(2)->menu()), QStringList({u"Options..."_s, u"Turn On"_s}));
-
-    CAppStateTable::Instance().SetCurrentCourseID(course);
-    QVERIFY(CAppStateTable::Instance().UpdateRecord());
-    frame.RefreshMenuBar();
-    QCOMPARE(
-        MenuTexts(CourseMenu(frame)),
-        QStringList({u"New Course..."_s, u"Sort Courses..."_s, u"Delete Course..."_s,
-                     u"Progress Report..."_s, u"-"_s, u"Add Coursework..."_s, u"Edit Course..."_s,
-                     u"Edit Instructors..."_s, u"Edit Grading Policy..."_s}));
-    CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
-    frame.RefreshMenuBar();
-    QCOMPARE(MenuTexts(CourseMenu(frame)), QStringList({u"New Course..."_s, u"Sort Courses..."_s}));
-}
-
-void TestMainFrame::predictionCommandStates_data()
-{
-    QTest::addColumn<bool>("archived");
-    QTest::addColumn<bool>("predicting");
-    QTest::addColumn<QString>("toggleText");
-    QTest::newRow("working semester, off") << false << false << u"Turn On"_s;
-    QTest::newRow("working semester, on") << false << true << u"Turn Off"_s;
-    QTest::newRow("archived semester") << true << false << u"Turn On"_s;
-}
-
-void TestMainFrame::predictionCommandStates()
-{
-    QFETCH(bool, archived);
-    QFETCH(bool, predicting);
-    QFETCH(QString, toggleText);
-    if (archived)
-        CAppStateTable::Instance().SetCurrentSemesterID(Records::Semester(u"Fall 2025"_s));
-    CPredictionStore::Instance().SetActive(predicting);
-
-    CMainFrame frame;
-    frame.UpdateCommandStates();
-    QAction* toggle = Action(frame, "actionTogglePrediction");
-    QAction* options = Action(frame, "actionPredictionOptions");
-    QVERIFY(toggle && options);
-    QCOMPARE(toggle->text(), toggleText);
-    QCOMPARE(toggle->isEnabled(), !archived);
-    if (archived)
-        QVERIFY(!options->isEnabled());
-    // The other commands do not depend on the semester.
-    QVERIFY(Action(frame, "actionAbout")->isEnabled());
-    if (archived)
-        return;
-
-    // The toggle switches the mode; turning it off forgets the scores to give.
-    CPredictionStore::Instance().SetScoreToGive(7, 0.8);
-    toggle->trigger();
-    QCOMPARE(CPredictionStore::Instance().IsActive(), !predicting);
-    QCOMPARE(toggle->text(), predicting ? u"Turn On"_s : u"Turn Off"_s);
-    QCOMPARE(CPredictionStore::Instance().ScoreToGive(7).has_value(), !predicting);
-}
-
-void TestMainFrame::helpOpensTheMainContents()
-{
-    CMainFrame frame;
-    QAction* help = Action(frame, "actionHelp");
-    QVERIFY(help && help->isEnabled());
-    help->trigger();
-    auto* viewer = frame.findChild<CHelpViewer*>();
-    QVERIFY(viewer);
-    QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
-    QVERIFY(viewer->Browser()->toPlainText().contains(u"The main window"_s));
-    QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
-}
 
 QTEST_MAIN(TestMainFrame)
 #include "tst_mainframe.moc"

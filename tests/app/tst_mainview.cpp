@@ -1,20 +1,25 @@
-// The filters of the main view: tabs, course selector, type filter, due-by
-// picker and Show Done, each written to the state at once and read back by
-// the next view.
+// The main view: its filters (tabs, course selector, type filter, due-by
+// picker, Show Done), each written to the state at once and read back by the
+// next view; and what the user does on the rows: delete with its links, the
+// context menu, opening a row, and the note on predicted scores.
 // Checked against: the hidden-tab fallback not calling OnTabChosen (the list
 // stays on Past Due), OnCourseChosen not resetting the type to the first one.
 #include "BrindleData.h"
+#include "app/Clock.h"
 #include "app/CourseworkListModel.h"
+#include "app/CourseworkListView.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
-#include "store/Clock.h"
+#include "support/DatabaseTest.h"
+#include "support/MessageAnswers.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
+#include <QMenu>
 #include <QTabBar>
 #include <QtTest>
 
@@ -27,14 +32,19 @@ CAppStateTable& State()
     return CAppStateTable::Instance();
 }
 
-void Refresh(CMainView& view)
+// A view as the frame builds it, shown at a usable size.
+std::unique_ptr<CMainView> ShownView()
 {
-    view.LayoutView();
-    view.RebuildTabs();
-    view.RebuildCourseSelector();
-    view.RebuildTypeFilter();
-    view.RefreshList();
-    view.RefreshGradeBar();
+    auto view = std::make_unique<CMainView>();
+    view->LayoutView();
+    view->RebuildTabs();
+    view->RebuildCourseSelector();
+    view->RebuildTypeFilter();
+    view->RefreshList();
+    view->RefreshGradeBar();
+    view->resize(view->fontMetrics().height() * 40, view->fontMetrics().height() * 30);
+    view->show();
+    return view;
 }
 
 void ChooseTab(QTabBar* tabs, uint id)
@@ -57,221 +67,355 @@ double Day(int month, int day)
     return BrindleDate::FromDate(QDate(2024, month, day));
 }
 
+qint64 Count(const QByteArray& table, const char* column, quint32 id)
+{
+    return CDataTable::GetMount()->Scalar("SELECT count(*) FROM " + table + " WHERE " + column +
+                                          " = " + QByteArray::number(id));
+}
+
+double StoredGrade(quint32 courseId)
+{
+    CCourseTable table;
+    table.Open();
+    table.MoveToRecord(courseId);
+    return table.GetCurrentGrade();
+}
+
+QRect RowRect(const CMainView& view, int row)
+{
+    return view.List()->visualRect(view.ListModel()->index(row));
+}
+
 } // namespace
 
-class TestMainView : public QObject
+class TestMainView : public DatabaseTest
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
-
-    void hiddenCurrentTabSelectsNoFilter();
-    void emptySemesterDisablesSelector();
-    void tabChosen_data();
-    void tabChosen();
-    void dueByAndTypeChosen();
-    void courseChosen();
-    void showDoneToggles();
-
-private:
-    std::unique_ptr<TestDatabase> m_db;
     quint32 m_biology = 0, m_history = 0, m_labs = 0, m_quizzes = 0, m_essays = 0;
-};
+    quint32 m_lab1 = 0, m_quiz1 = 0;
 
-// Two courses; Biology with two types and three items (one done), History
-// with one. Now is Saturday 7 September 2024.
-void TestMainView::init()
-{
-    m_db = std::make_unique<TestDatabase>();
-    QVERIFY(m_db->IsReady());
-    BrindleClock::SetNow(QDateTime(QDate(2024, 9, 7), QTime(10, 0)));
-    m_biology = Records::Course(u"Biology"_s);
-    m_history = Records::Course(u"History"_s);
-    m_labs = Records::CwType(m_biology, u"Labs"_s);
-    m_quizzes = Records::CwType(m_biology, u"Quizzes"_s);
-    m_essays = Records::CwType(m_history, u"Essays"_s);
-    Records::Coursework(m_biology, m_labs, u"Lab 1"_s, -1, -1, Day(9, 2));
-    Records::Coursework(m_biology, m_quizzes, u"Quiz 1"_s, -1, -1, Day(9, 9));
-    Records::Coursework(m_biology, m_labs, u"Lab 2"_s, -1, -1, Day(9, 20), 100);
-    Records::Coursework(m_history, m_essays, u"Essay 1"_s, -1, -1, Day(9, 12));
-    // Done work hidden, as after the user unticks "Show Done" (a new
-    // database starts with it ticked).
-    State().SetShowDone(0);
-    State().UpdateRecord();
-}
-
-void TestMainView::cleanup()
-{
-    BrindleClock::SetNow({});
-    m_db.reset();
-}
-
-void TestMainView::hiddenCurrentTabSelectsNoFilter()
-{
-    State().SetCurrentTabID(CViewTabTable::PastDueTab);
+private slots:
+    // Two courses; Biology graded by points (Lab 1 8/10, Quiz 1 2/10: 50 %)
+    // with two types and three items (Lab 2 done), History with one. Quiz 1
+    // has two links to exported items, Lab 1 one. Now is Saturday 7 September
+    // 2024. The list of all courses reads: #Biology, Lab 1, Quiz 1, #History,
+    // Essay 1.
+    void init()
     {
-        CMainView view;
-        Refresh(view);
-        QCOMPARE(TabTexts(view.TabBar()), (QStringList{u"No Filter"_s, u"Cw Type"_s, u"Past Due"_s,
-                                                       u"Course Week"_s, u"Due By"_s}));
-        QCOMPARE(view.ListModel()->rowCount(), 2); // Biology and its Lab 1
+        DatabaseTest::init();
+        BrindleClock::SetNow(QDateTime(QDate(2024, 9, 7), QTime(10, 0)));
+        // A new database lists done work.
+        QCOMPARE(State().GetShowDone(), 1);
+        m_biology = Records::Course(u"Biology"_s, 0, 0.5);
+        m_history = Records::Course(u"History"_s);
+        Records::Policy(m_biology, CGradingPolicyTable::WeightNone);
+        for (quint16 grade = 0; grade < 4; ++grade)
+            Records::MinimumPercent(m_biology, grade, 90.0 - 10.0 * grade);
+        m_labs = Records::CwType(m_biology, u"Labs"_s);
+        m_quizzes = Records::CwType(m_biology, u"Quizzes"_s);
+        m_essays = Records::CwType(m_history, u"Essays"_s);
+        m_lab1 = Records::Coursework(m_biology, m_labs, u"Lab 1"_s, 8, 10, Day(9, 2));
+        m_quiz1 = Records::Coursework(m_biology, m_quizzes, u"Quiz 1"_s, 2, 10, Day(9, 9));
+        Records::Coursework(m_biology, m_labs, u"Lab 2"_s, -1, -1, Day(9, 20), 100);
+        Records::Coursework(m_history, m_essays, u"Essay 1"_s, -1, -1, Day(9, 12));
+        const QByteArray quiz = QByteArray::number(m_quiz1);
+        QVERIFY(CDataTable::GetMount()->Execute(
+            "INSERT INTO OutlookLink (BrindleItemID, OutlookItemID, ItemType) VALUES (" + quiz +
+            ", 501, 3), (" + quiz + ", 502, 3), (" + QByteArray::number(m_lab1) + ", 503, 3)"));
+        // Done work hidden, as after the user unticks "Show Done".
+        State().SetShowDone(0);
+        QVERIFY(State().UpdateRecord());
     }
-    QVERIFY(CDataTable::GetMount()->Execute("UPDATE ViewTab SET IsVisible = 0 WHERE "
-                                            "ViewTabID = 2"));
-    CMainView view;
-    Refresh(view);
-    QCOMPARE(TabTexts(view.TabBar()),
-             (QStringList{u"No Filter"_s, u"Cw Type"_s, u"Course Week"_s, u"Due By"_s}));
-    QCOMPARE(view.TabBar()->currentIndex(), 0);
-    // The list is "No Filter"'s too: both courses, the open items.
-    QCOMPARE(view.ListModel()->rowCount(), 5);
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
-}
+    void cleanup()
+    {
+        DatabaseTest::cleanup();
+        BrindleClock::SetNow({});
+    }
 
-void TestMainView::emptySemesterDisablesSelector()
-{
-    QVERIFY(CDataTable::GetMount()->Execute("DELETE FROM CourseOrder"));
-    CMainView view;
-    Refresh(view);
-    QVERIFY(!view.CourseSelector()->isEnabled());
-    QCOMPARE(view.CourseSelector()->currentText(), u"No Courses"_s);
-    QCOMPARE(view.ListModel()->rowCount(), 0);
-}
+    void hiddenCurrentTabSelectsNoFilter()
+    {
+        State().SetCurrentTabID(CViewTabTable::PastDueTab);
+        auto view = ShownView();
+        QCOMPARE(TabTexts(view->TabBar()), (QStringList{u"No Filter"_s, u"Cw Type"_s,
+                                                        u"Past Due"_s, u"Course Week"_s,
+                                                        u"Due By"_s}));
+        QCOMPARE(view->ListModel()->rowCount(), 2); // Biology and its Lab 1
+        QVERIFY(CDataTable::GetMount()->Execute(
+            "UPDATE ViewTab SET IsVisible = 0 WHERE ViewTabID = 2"));
+        view = ShownView();
+        QCOMPARE(TabTexts(view->TabBar()),
+                 (QStringList{u"No Filter"_s, u"Cw Type"_s, u"Course Week"_s, u"Due By"_s}));
+        QCOMPARE(view->TabBar()->currentIndex(), 0);
+        // The list is "No Filter"'s too: both courses, the open items.
+        QCOMPARE(view->ListModel()->rowCount(), 5);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
+    }
 
-void TestMainView::tabChosen_data()
-{
-    QTest::addColumn<bool>("oneCourse");
-    QTest::addColumn<uint>("tab");
-    QTest::addColumn<bool>("typeShown");
-    QTest::addColumn<bool>("dateShown");
-    QTest::addColumn<int>("rows");
+    void emptySemesterDisablesSelector()
+    {
+        QVERIFY(CDataTable::GetMount()->Execute("DELETE FROM CourseOrder"));
+        const auto view = ShownView();
+        QVERIFY(!view->CourseSelector()->isEnabled());
+        QCOMPARE(view->CourseSelector()->currentText(), u"No Courses"_s);
+        QCOMPARE(view->ListModel()->rowCount(), 0);
+    }
 
-    // Biology's open items are due on the 2nd and the 9th; due by is the 10th.
-    QTest::newRow("type tab, one course") << true << 1u << true << false << 1;
-    QTest::newRow("type tab, all courses, with headers") << false << 1u << false << false << 5;
-    QTest::newRow("past due") << true << 2u << false << false << 1;
-    QTest::newRow("course week") << true << 3u << false << false << 1;
-    QTest::newRow("due by") << true << 4u << false << true << 2;
-    QTest::newRow("no filter") << true << 0u << false << false << 2;
-}
+    void tabChosen_data()
+    {
+        QTest::addColumn<bool>("oneCourse");
+        QTest::addColumn<uint>("tab");
+        QTest::addColumn<bool>("typeShown");
+        QTest::addColumn<bool>("dateShown");
+        QTest::addColumn<int>("rows");
+        // Biology's open items are due on the 2nd and the 9th; due by is the 10th.
+        QTest::newRow("type tab, one course") << true << 1u << true << false << 1;
+        QTest::newRow("type tab, all courses, with headers") << false << 1u << false << false << 5;
+        QTest::newRow("past due") << true << 2u << false << false << 1;
+        QTest::newRow("course week") << true << 3u << false << false << 1;
+        QTest::newRow("due by") << true << 4u << false << true << 2;
+        QTest::newRow("no filter") << true << 0u << false << false << 2;
+    }
+    void tabChosen()
+    {
+        QFETCH(bool, oneCourse);
+        QFETCH(uint, tab);
+        QFETCH(bool, typeShown);
+        QFETCH(bool, dateShown);
+        QFETCH(int, rows);
+        State().SetCurrentCourseID(oneCourse ? m_biology : AllCoursesID);
+        State().SetViewTabDueBy(Day(9, 10));
+        State().SetCurrentTabID(tab == 0 ? CViewTabTable::PastDueTab : CViewTabTable::NoFilter);
+        const auto view = ShownView();
+        ChooseTab(view->TabBar(), tab);
+        QCOMPARE(view->TypeFilter()->isVisible(), typeShown);
+        QCOMPARE(view->DueByPicker()->isVisible(), dateShown);
+        if (dateShown)
+            QCOMPARE(view->DueByPicker()->date(), QDate(2024, 9, 10));
+        QCOMPARE(view->ListModel()->rowCount(), rows);
+        // Written at once: a restart reads it back.
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(static_cast<uint>(State().GetCurrentTabID()), tab);
+        if (tab == 1)
+            QCOMPARE(State().GetViewTabCwType(), oneCourse ? m_labs : 0u);
+    }
 
-void TestMainView::tabChosen()
-{
-    QFETCH(bool, oneCourse);
-    QFETCH(uint, tab);
-    QFETCH(bool, typeShown);
-    QFETCH(bool, dateShown);
-    QFETCH(int, rows);
-    State().SetCurrentCourseID(oneCourse ? m_biology : AllCoursesID);
-    State().SetViewTabDueBy(Day(9, 10));
-    State().SetCurrentTabID(tab == 0 ? CViewTabTable::PastDueTab : CViewTabTable::NoFilter);
-    CMainView view;
-    Refresh(view);
-    view.show();
+    // The same day or type again fills nothing; the due-by day is stored
+    // without its time.
+    void dueByAndTypeChosen()
+    {
+        State().SetCurrentCourseID(m_biology);
+        State().SetCurrentTabID(CViewTabTable::DueByTab);
+        State().SetViewTabDueBy(Day(9, 10));
+        State().SetViewTabCwType(m_labs);
+        State().SetShowDone(1);
+        const auto view = ShownView();
+        const int fills = view->FillCount();
+        view->OnDueByChosen(Day(9, 10) + 0.75);
+        QCOMPARE(view->FillCount(), fills);
+        view->OnDueByChosen(Day(9, 11) + 0.5);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(State().GetViewTabDueBy(), Day(9, 11));
+        view->DueByPicker()->setDate(QDate(2024, 9, 15)); // through the picker itself
+        QCOMPARE(view->FillCount(), fills + 2);
+        QCOMPARE(State().GetViewTabDueBy(), Day(9, 15));
 
-    ChooseTab(view.TabBar(), tab);
-    QCOMPARE(view.TypeFilter()->isVisible(), typeShown);
-    QCOMPARE(view.DueByPicker()->isVisible(), dateShown);
-    if (dateShown)
-        QCOMPARE(view.DueByPicker()->date(), QDate(2024, 9, 10));
-    QCOMPARE(view.ListModel()->rowCount(), rows);
-    // Written at once: a restart reads it back.
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(static_cast<uint>(State().GetCurrentTabID()), tab);
-    if (tab == 1)
-        QCOMPARE(State().GetViewTabCwType(), oneCourse ? m_labs : 0u);
-}
+        ChooseTab(view->TabBar(), 1);
+        QCOMPARE(view->TypeFilter()->currentText(), u"Labs"_s);
+        QCOMPARE(view->ListModel()->rowCount(), 2);
+        view->TypeFilter()->setCurrentIndex(view->TypeFilter()->findData(m_quizzes));
+        QCOMPARE(view->FillCount(), fills + 4);
+        QCOMPARE(view->ListModel()->rowCount(), 1);
+        view->OnTypeChosen(view->TypeFilter()->currentIndex());
+        QCOMPARE(view->FillCount(), fills + 4);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(State().GetViewTabCwType(), m_quizzes);
+    }
 
-// The same day or type again fills nothing; the due-by day is stored without its time.
-void TestMainView::dueByAndTypeChosen()
-{
-    State().SetCurrentCourseID(m_biology);
-    State().SetCurrentTabID(CViewTabTable::DueByTab);
-    State().SetViewTabDueBy(Day(9, 10));
-    State().SetViewTabCwType(m_labs);
-    State().SetShowDone(1);
-    CMainView view;
-    Refresh(view);
-    const int fills = view.FillCount();
-    view.OnDueByChosen(Day(9, 10) + 0.75);
-    QCOMPARE(view.FillCount(), fills);
-    view.OnDueByChosen(Day(9, 11) + 0.5);
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(State().GetViewTabDueBy(), Day(9, 11));
-    view.DueByPicker()->setDate(QDate(2024, 9, 15)); // through the picker itself
-    QCOMPARE(view.FillCount(), fills + 2);
-    QCOMPARE(State().GetViewTabDueBy(), Day(9, 15));
+    void courseChosen()
+    {
+        State().SetCurrentCourseID(m_biology);
+        State().SetCurrentTabID(CViewTabTable::CwTypeTab);
+        State().SetViewTabCwType(m_quizzes);
+        CMainFrame frame;
+        frame.show();
+        CMainView* view = frame.View();
+        QComboBox* courses = view->CourseSelector();
+        QCOMPARE(view->TypeFilter()->currentText(), u"Quizzes"_s);
+        QSignalSpy changed(view, &CMainView::CurrentCourseChanged);
 
-    ChooseTab(view.TabBar(), 1);
-    QCOMPARE(view.TypeFilter()->currentText(), u"Labs"_s);
-    QCOMPARE(view.ListModel()->rowCount(), 2);
-    view.TypeFilter()->setCurrentIndex(view.TypeFilter()->findData(m_quizzes));
-    QCOMPARE(view.FillCount(), fills + 4);
-    QCOMPARE(view.ListModel()->rowCount(), 1);
-    view.OnTypeChosen(view.TypeFilter()->currentIndex());
-    QCOMPARE(view.FillCount(), fills + 4);
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(State().GetViewTabCwType(), m_quizzes);
-}
+        // All courses: no type filter, every type under headers, the type
+        // kept; Biology's 50 % is below the scale.
+        courses->setCurrentIndex(0);
+        QVERIFY(!view->TypeFilter()->isVisible());
+        QCOMPARE(view->ListModel()->rowCount(), 5);
+        QCOMPARE(view->GradeBar()->text(), u"GPA: 0.00"_s);
+        QCOMPARE(State().GetViewTabCwType(), m_quizzes);
 
-void TestMainView::courseChosen()
-{
-    State().SetCurrentCourseID(m_biology);
-    State().SetCurrentTabID(CViewTabTable::CwTypeTab);
-    State().SetViewTabCwType(m_quizzes);
-    CMainFrame frame;
-    frame.show();
-    CMainView* view = frame.View();
-    QComboBox* courses = view->CourseSelector();
-    QCOMPARE(view->TypeFilter()->currentText(), u"Quizzes"_s);
-    QSignalSpy changed(view, &CMainView::CurrentCourseChanged);
+        courses->setCurrentIndex(courses->findData(m_history));
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(view->GradeBar()->text(), u"Grade: --"_s);
+        QVERIFY(view->TypeFilter()->isVisible());
+        QCOMPARE(view->TypeFilter()->currentText(), u"Essays"_s);
+        QCOMPARE(view->ListModel()->rowCount(), 1);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(State().GetCurrentCourseID(), m_history);
+        QCOMPARE(State().GetViewTabCwType(), m_essays);
+        const int fills = view->FillCount();
+        view->OnCourseChosen(courses->currentIndex());
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(view->FillCount(), fills);
 
-    // All courses: no type filter, every type under headers, the type kept.
-    courses->setCurrentIndex(0);
-    QVERIFY(!view->TypeFilter()->isVisible());
-    QCOMPARE(view->ListModel()->rowCount(), 5);
-    QCOMPARE(view->GradeBar()->text(), u"GPA:"_s);
-    QCOMPARE(State().GetViewTabCwType(), m_quizzes);
+        // A course chosen again starts on its first type.
+        courses->setCurrentIndex(courses->findData(m_biology));
+        QCOMPARE(view->TypeFilter()->currentText(), u"Labs"_s);
+        QCOMPARE(State().GetViewTabCwType(), m_labs);
+        QCOMPARE(view->ListModel()->Rows().at(0).text, u"Lab 1"_s);
+    }
 
-    courses->setCurrentIndex(courses->findData(m_history));
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(view->GradeBar()->text(), u"Grade: --"_s);
-    QVERIFY(view->TypeFilter()->isVisible());
-    QCOMPARE(view->TypeFilter()->currentText(), u"Essays"_s);
-    QCOMPARE(view->ListModel()->rowCount(), 1);
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(State().GetCurrentCourseID(), m_history);
-    QCOMPARE(State().GetViewTabCwType(), m_essays);
-    const int fills = view->FillCount();
-    view->OnCourseChosen(courses->currentIndex());
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(view->FillCount(), fills);
+    void showDoneToggles()
+    {
+        State().SetCurrentCourseID(m_biology);
+        const auto view = ShownView();
+        QCOMPARE(view->ListModel()->rowCount(), 2);
+        QTest::mouseClick(view->ShowDoneBox(), Qt::LeftButton);
+        QCOMPARE(view->ListModel()->rowCount(), 3);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(State().GetShowDone(), 1);
+        view->ToggleShowDone();
+        QVERIFY(!view->ShowDoneBox()->isChecked());
+        QCOMPARE(view->ListModel()->rowCount(), 2);
+    }
 
-    // A course chosen again starts on its first type.
-    courses->setCurrentIndex(courses->findData(m_biology));
-    QCOMPARE(view->TypeFilter()->currentText(), u"Labs"_s);
-    QCOMPARE(State().GetViewTabCwType(), m_labs);
-    QCOMPARE(view->ListModel()->Rows().at(0).text, u"Lab 1"_s);
-}
+    void deleteKeyAsksFirst_data()
+    {
+        QTest::addColumn<bool>("agree");
+        QTest::addColumn<bool>("vanished"); // the record went away behind the list
+        QTest::newRow("user says no") << false << false;
+        QTest::newRow("user agrees") << true << false;
+        QTest::newRow("row of a vanished record") << true << true;
+    }
+    // Gone with its links only; the grade recomputed from what is left.
+    void deleteKeyAsksFirst()
+    {
+        QFETCH(bool, agree);
+        QFETCH(bool, vanished);
+        State().SetCurrentCourseID(m_biology);
+        const auto view = ShownView();
+        if (vanished)
+            QVERIFY(CDataTable::GetMount()->Execute(
+                "DELETE FROM Coursework WHERE id = " + QByteArray::number(m_quiz1)));
+        view->List()->setCurrentIndex(view->ListModel()->index(1));
+        MessageAnswers answers({agree ? QMessageBox::Yes : QMessageBox::No});
+        QTest::keyClick(view->List(), Qt::Key_Delete);
+        QCOMPARE(answers.Texts(),
+                 QStringList{u"Are you sure you want to delete this coursework?"_s});
+        const bool deleted = agree && !vanished;
+        QCOMPARE(Count("Coursework", "id", m_quiz1), agree ? 0 : 1);
+        QCOMPARE(Count("OutlookLink", "BrindleItemID", m_quiz1), deleted ? 0 : 2);
+        QCOMPARE(Count("OutlookLink", "BrindleItemID", m_lab1), 1);
+        QCOMPARE(StoredGrade(m_biology), deleted ? 0.8 : 0.5); // only 8/10 is left
+        if (deleted) {
+            QCOMPARE(view->GradeBar()->text(), u"Grade: 80% B"_s);
+            QCOMPARE(view->ListModel()->rowCount(), 1);
+            QCOMPARE(view->ListModel()->Rows()[0].courseworkId, m_lab1);
+        }
+    }
 
-void TestMainView::showDoneToggles()
-{
-    State().SetCurrentCourseID(m_biology);
-    CMainView view;
-    Refresh(view);
-    view.show();
-    QCOMPARE(view.ListModel()->rowCount(), 2);
-    QTest::mouseClick(view.ShowDoneBox(), Qt::LeftButton);
-    QCOMPARE(view.ListModel()->rowCount(), 3);
-    QVERIFY(m_db->Reopen());
-    QCOMPARE(State().GetShowDone(), 1);
-    view.ToggleShowDone();
-    QVERIFY(!view.ShowDoneBox()->isChecked());
-    QCOMPARE(view.ListModel()->rowCount(), 2);
-}
+    // No menu on a course header or below the rows; a right click on an item
+    // offers its deletion.
+    void contextMenuOnCourseworkRowsOnly()
+    {
+        const auto view = ShownView();
+        auto* list = qobject_cast<CCourseworkListView*>(view->List());
+        QVERIFY(view->ListModel()->Rows()[0].isHeader);
+        QCOMPARE(list->OpenContextMenu(RowRect(*view, 0).center()), nullptr);
+        const QRect below = RowRect(*view, view->ListModel()->rowCount() - 1);
+        QCOMPARE(list->OpenContextMenu(QPoint(below.center().x(), below.bottom() + 40)), nullptr);
+
+        const QPoint quiz = RowRect(*view, 2).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, quiz,
+                                list->viewport()->mapToGlobal(quiz));
+        QApplication::sendEvent(list->viewport(), &event);
+        auto* menu = list->findChild<QMenu*>(u"courseworkMenu"_s);
+        QVERIFY(menu);
+        QCOMPARE(menu->actions().size(), 1);
+        QCOMPARE(menu->actions().constFirst()->text(), u"Delete Coursework"_s);
+        MessageAnswers answers({QMessageBox::Yes});
+        menu->actions().constFirst()->trigger();
+        QCOMPARE(Count("Coursework", "id", m_quiz1), 0);
+        QCOMPARE(Count("Coursework", "id", m_lab1), 1);
+        menu->close();
+    }
+
+    void openingARow()
+    {
+        const auto view = ShownView();
+        QSignalSpy opened(view.get(), &CMainView::CourseworkOpened);
+        QWidget* viewport = view->List()->viewport();
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowRect(*view, 0).center());
+        QCOMPARE(opened.count(), 0);
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowRect(*view, 2).center());
+        QCOMPARE(opened.count(), 1);
+        QCOMPARE(opened.at(0).at(0).toUInt(), m_quiz1);
+
+        view->List()->setCurrentIndex(view->ListModel()->index(1));
+        QTest::keyClick(view->List(), Qt::Key_Return);
+        QCOMPARE(opened.count(), 2);
+        QCOMPARE(opened.at(1).at(0).toUInt(), m_lab1);
+    }
+
+    void predictedScoreNote_data()
+    {
+        QTest::addColumn<bool>("predicting");
+        QTest::addColumn<bool>("overridden");
+        QTest::addColumn<bool>("onScore"); // in the score's zone at the right edge
+        QTest::addColumn<bool>("hold"); // a press and hold instead of a click
+        QTest::addColumn<bool>("noted");
+        QTest::newRow("click on a predicted score") << true << true << true << false << true;
+        QTest::newRow("click left of the score") << true << true << false << false << false;
+        QTest::newRow("click on a recorded score") << true << false << true << false << false;
+        QTest::newRow("click, prediction off") << false << false << true << false << false;
+        QTest::newRow("held on a predicted score") << true << true << true << true << true;
+        QTest::newRow("held left of the score") << true << true << false << true << false;
+    }
+    // A held press opens the row's menu, except on a predicted score, which
+    // shows only its note; a click goes on to the list as usual.
+    void predictedScoreNote()
+    {
+        QFETCH(bool, predicting);
+        QFETCH(bool, overridden);
+        QFETCH(bool, onScore);
+        QFETCH(bool, hold);
+        QFETCH(bool, noted);
+        CPredictionStore::Instance().SetActive(predicting);
+        if (overridden)
+            CPredictionStore::Instance().SetOverride(
+                m_lab1, EffectiveScore{10, 10, EffectiveScore::Overridden});
+        const auto view = ShownView();
+        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+        auto* list = qobject_cast<CCourseworkListView*>(view->List());
+        const QRect row = RowRect(*view, 1);
+        const int zone = list->PredictionZoneWidth();
+        const QPoint point(onScore ? row.right() - zone / 2 : row.right() - zone - 10,
+                           row.center().y());
+        MessageAnswers answers;
+        if (hold) {
+            // The box takes the release; the held press then finishes as a hold.
+            QTest::mousePress(list->viewport(), Qt::LeftButton, {}, point);
+            QMenu* menu = list->OnPressAndHold(point);
+            QCOMPARE(menu != nullptr, !noted);
+            if (menu)
+                menu->close();
+        } else {
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, point);
+            QCOMPARE(list->currentIndex().row(), 1);
+        }
+        QCOMPARE(answers.Texts(), noted ? QStringList{u"Unofficial score from Grade Prediction Mode"_s}
+                                        : QStringList{});
+    }
+};
 
 QTEST_MAIN(TestMainView)
 #include "tst_mainview.moc"
