@@ -4,8 +4,8 @@
 // Checked against: an item 99 % done not marked overdue.
 #include "BrindleData.h"
 #include "app/CourseworkListFill.h"
+#include "support/DatabaseTest.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QtTest>
 
@@ -30,18 +30,16 @@ QStringList Texts(const std::vector<CourseworkRow>& rows)
 
 } // namespace
 
-class TestCourseworkList : public QObject
+class TestCourseworkList : public DatabaseTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { m_db.reset(); }
     // Biology's items are stored out of date order, so that the list has to sort
     // them; C, A and B share a due time. History holds one item, done; Empty none.
     void init()
     {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
+        DatabaseTest::init();
         m_biology = Records::Course(u"Biology"_s);
         Records::Course(u"Empty"_s);
         const quint32 history = Records::Course(u"History"_s);
@@ -152,7 +150,6 @@ private slots:
     }
 
 private:
-    std::unique_ptr<TestDatabase> m_db;
     quint32 m_biology = 0, m_quizzes = 0, m_archived = 0;
 };
 

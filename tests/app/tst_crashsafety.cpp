@@ -99,7 +99,7 @@ private slots:
             process.kill();
             QVERIFY(process.waitForFinished());
             QCOMPARE(process.exitStatus(), QProcess::CrashExit);
-            saves += (output + process.readAllStandardOutput()).count('.');
+            saves += QByteArray(output + process.readAllStandardOutput()).count('.');
 
             MessageAnswers answers; // any message at all is a failure
             CDatabaseOpener opener(true);

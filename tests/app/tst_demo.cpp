@@ -4,12 +4,12 @@
 #include "BrindleData.h"
 #include "app/CourseworkListFill.h"
 #include "app/DemoDatabase.h"
+#include "support/DatabaseTest.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QtTest>
 
-class TestDemo : public QObject
+class TestDemo : public DatabaseTest
 {
     Q_OBJECT
 
@@ -24,8 +24,6 @@ private slots:
     void sizes()
     {
         QFETCH(DemoSize, size);
-        TestDatabase db;
-        QVERIFY(db.IsReady());
         const QDate today(2024, 10, 9);
         QVERIFY(BuildDemoDatabase(today, size));
         QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), WorkingSemesterID);

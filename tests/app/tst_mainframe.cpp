@@ -88,7 +88,7 @@ private slots:
 
     // The menu texts and their order as the user sees them; the Course menu
     // holds the course commands only while a course is current.
-    void menusAndTheCurrentCourse()
+    void menusAndHelp()
     {
         CMainFrame frame;
         QCOMPARE(MenuTexts(frame.menuBar()->actions()),
@@ -108,6 +108,14 @@ private slots:
         CAppStateTable::Instance().SetCurrentCourseID(AllCoursesID);
         frame.RefreshMenuBar();
         QCOMPARE(MenuTexts(frame, 0), QStringList({u"New Course..."_s, u"Sort Courses..."_s}));
+
+        // Help opens on the main window's contents.
+        Trigger(frame, "actionHelp");
+        auto* viewer = frame.findChild<CHelpViewer*>();
+        QVERIFY(viewer);
+        QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
+        QVERIFY(viewer->Browser()->toPlainText().contains(u"The main window"_s));
+        QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
     }
 
     void predictionCommandStates_data()
@@ -144,17 +152,6 @@ private slots:
         QCOMPARE(CPredictionStore::Instance().IsActive(), !predicting);
         QCOMPARE(toggle->text(), predicting ? u"Turn On"_s : u"Turn Off"_s);
         QCOMPARE(CPredictionStore::Instance().ScoreToGive(7).has_value(), !predicting);
-    }
-
-    void helpOpensTheMainContents()
-    {
-        CMainFrame frame;
-        Trigger(frame, "actionHelp");
-        auto* viewer = frame.findChild<CHelpViewer*>();
-        QVERIFY(viewer);
-        QCOMPARE(viewer->CurrentTopic(), u"main_contents"_s);
-        QVERIFY(viewer->Browser()->toPlainText().contains(u"The main window"_s));
-        QCOMPARE(viewer->Browser()->source().fragment(), u"main_contents"_s);
     }
 
     void commandRefreshesTheGrade_data()
@@ -196,15 +193,10 @@ private slots:
                 options->SetPercent(0, 95.0);
             } else {
                 // What the Institution dialog's OK does to a grade name, done directly.
-                CGradeScaleTable scale;
-                scale.Open();
-                for (int ok = scale.MoveFirst(1); ok; ok = scale.MoveNext(1)) {
-                    if (scale.GetGrade() == 1) {
-                        scale.SetGradeName(u"Good"_s);
-                        scale.UpdateRecord();
-                    }
-                }
-                return int(QDialog::Accepted);
+                return CDataTable::GetMount()->Execute(
+                           "UPDATE GradeScale SET GradeName = 'Good' WHERE Grade = 1")
+                           ? int(QDialog::Accepted)
+                           : int(QDialog::Rejected);
             }
             dialog.accept();
             return dialog.result();

@@ -133,7 +133,7 @@ private slots:
         BrindleClock::SetNow({});
     }
 
-    void hiddenCurrentTabSelectsNoFilter()
+    void hiddenTabAndEmptySemester()
     {
         State().SetCurrentTabID(CViewTabTable::PastDueTab);
         auto view = ShownView();
@@ -151,12 +151,10 @@ private slots:
         QCOMPARE(view->ListModel()->rowCount(), 5);
         QVERIFY(m_db->Reopen());
         QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
-    }
 
-    void emptySemesterDisablesSelector()
-    {
+        // An empty semester: nothing to choose, nothing listed.
         QVERIFY(CDataTable::GetMount()->Execute("DELETE FROM CourseOrder"));
-        const auto view = ShownView();
+        view = ShownView();
         QVERIFY(!view->CourseSelector()->isEnabled());
         QCOMPARE(view->CourseSelector()->currentText(), u"No Courses"_s);
         QCOMPARE(view->ListModel()->rowCount(), 0);
@@ -323,11 +321,22 @@ private slots:
         }
     }
 
-    // No menu on a course header or below the rows; a right click on an item
-    // offers its deletion.
-    void contextMenuOnCourseworkRowsOnly()
+    // A double click or Return opens an item, not a header; no menu on a
+    // course header or below the rows; a right click on an item offers its
+    // deletion.
+    void openingAndContextMenu()
     {
         const auto view = ShownView();
+        QSignalSpy opened(view.get(), &CMainView::CourseworkOpened);
+        QWidget* viewport = view->List()->viewport();
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowRect(*view, 0).center());
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowRect(*view, 2).center());
+        view->List()->setCurrentIndex(view->ListModel()->index(1));
+        QTest::keyClick(view->List(), Qt::Key_Return);
+        QCOMPARE(opened.count(), 2);
+        QCOMPARE(opened.at(0).at(0).toUInt(), m_quiz1);
+        QCOMPARE(opened.at(1).at(0).toUInt(), m_lab1);
+
         auto* list = qobject_cast<CCourseworkListView*>(view->List());
         QVERIFY(view->ListModel()->Rows()[0].isHeader);
         QCOMPARE(list->OpenContextMenu(RowRect(*view, 0).center()), nullptr);
@@ -347,23 +356,6 @@ private slots:
         QCOMPARE(Count("Coursework", "id", m_quiz1), 0);
         QCOMPARE(Count("Coursework", "id", m_lab1), 1);
         menu->close();
-    }
-
-    void openingARow()
-    {
-        const auto view = ShownView();
-        QSignalSpy opened(view.get(), &CMainView::CourseworkOpened);
-        QWidget* viewport = view->List()->viewport();
-        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowRect(*view, 0).center());
-        QCOMPARE(opened.count(), 0);
-        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowRect(*view, 2).center());
-        QCOMPARE(opened.count(), 1);
-        QCOMPARE(opened.at(0).at(0).toUInt(), m_quiz1);
-
-        view->List()->setCurrentIndex(view->ListModel()->index(1));
-        QTest::keyClick(view->List(), Qt::Key_Return);
-        QCOMPARE(opened.count(), 2);
-        QCOMPARE(opened.at(1).at(0).toUInt(), m_lab1);
     }
 
     void predictedScoreNote_data()
