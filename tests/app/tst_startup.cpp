@@ -271,14 +271,16 @@ private slots:
             QCOMPARE(Contents(folder), before);
     }
 
-    void newFilesArePrivate_data()
+    void newFileIsPrivateAndOpenOnce_data()
     {
         QTest::addColumn<int>("umask");
         QTest::newRow("umask 000") << 0;
         QTest::newRow("umask 022") << 022;
         QTest::newRow("umask 277") << 0277;
     }
-    void newFilesArePrivate()
+    // A new database and its folders are the user's alone; while it is open,
+    // a second window is turned away and the first one's database stays open.
+    void newFileIsPrivateAndOpenOnce()
     {
         QFETCH(int, umask);
         QTemporaryDir dir;
@@ -287,16 +289,27 @@ private slots:
         SetDatabasePath(path);
         const mode_t saved = ::umask(mode_t(umask));
         MessageAnswers answers;
-        CDatabaseOpener opener(false);
-        const bool opened = opener.Open();
-        ::umask(saved);
-        QVERIFY(opened);
-        QVERIFY(answers.Texts().isEmpty());
-        QCOMPARE(Records::Count("ViewTab"), 4);
-        CloseDatabase();
+        {
+            CDatabaseOpener first(false);
+            const bool opened = first.Open();
+            ::umask(saved);
+            QVERIFY(opened);
+            QVERIFY(answers.Texts().isEmpty());
+            QCOMPARE(Records::Count("ViewTab"), 4);
+            CDatabaseOpener second(true);
+            QVERIFY(!second.Open());
+            QCOMPARE(second.ErrorText(), StoreStrings::DatabaseOpenElsewhere(path));
+            QCOMPARE(answers.Texts(),
+                     QStringList{AppStrings::DatabaseSetAside(second.ErrorText())});
+            QVERIFY(CDataTable::GetMount()->IsMounted());
+            CloseDatabase();
+        }
         QCOMPARE(Mode(path), 0600);
         QCOMPARE(Mode(folder + u"/semesters"_s), 0700);
         QCOMPARE(Mode(folder), 0700);
+        CDatabaseOpener later(true); // the first window let go
+        QVERIFY(later.Open());
+        CloseDatabase();
     }
 
     // An unusable file the user agrees to set aside goes whole, with its journal and its mode.
@@ -318,28 +331,6 @@ private slots:
         // The new database starts clean, with no journal of another file.
         QCOMPARE(Records::Count("ViewTab"), 4);
         QVERIFY(!QFile::exists(path + u"-journal"_s));
-        CloseDatabase();
-    }
-
-    void secondWindowIsTurnedAway()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(u"Brindle.db"_s);
-        SetDatabasePath(path);
-        MessageAnswers answers;
-        {
-            CDatabaseOpener first(true);
-            QVERIFY(first.Open());
-            CDatabaseOpener second(true);
-            QVERIFY(!second.Open());
-            QCOMPARE(second.ErrorText(), StoreStrings::DatabaseOpenElsewhere(path));
-            QCOMPARE(answers.Texts(), QStringList{AppStrings::DatabaseSetAside(second.ErrorText())});
-            // The first window's database is still open and untouched.
-            QVERIFY(CDataTable::GetMount()->IsMounted());
-            CloseDatabase();
-        }
-        CDatabaseOpener later(true);
-        QVERIFY(later.Open());
         CloseDatabase();
     }
 
