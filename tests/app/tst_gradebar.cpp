@@ -23,11 +23,8 @@ quint32 GradedCourse(const QString& name, double grade, double hours = 0.0)
     const quint32 course = Records::Course(name, 0, grade);
     for (quint16 g = 0; g < 4; ++g)
         Records::MinimumPercent(course, g, 90.0 - 10.0 * g);
-    CCourseTable table;
-    table.Open();
-    table.MoveToRecord(course);
-    table.SetCourseHours(hours);
-    table.UpdateRecord();
+    CDataTable::GetMount()->Execute("UPDATE Course SET CourseHours = " + QByteArray::number(hours) +
+                                    " WHERE id = " + QByteArray::number(course));
     return course;
 }
 

@@ -337,28 +337,25 @@ private slots:
 
     void predictedScoreNote_data()
     {
-        QTest::addColumn<bool>("predicting");
         QTest::addColumn<bool>("overridden");
         QTest::addColumn<bool>("onScore"); // in the score's zone at the right edge
         QTest::addColumn<bool>("hold"); // a press and hold instead of a click
         QTest::addColumn<bool>("noted");
-        QTest::newRow("click on a predicted score") << true << true << true << false << true;
-        QTest::newRow("click left of the score") << true << true << false << false << false;
-        QTest::newRow("click on a recorded score") << true << false << true << false << false;
-        QTest::newRow("click, prediction off") << false << false << true << false << false;
-        QTest::newRow("held on a predicted score") << true << true << true << true << true;
-        QTest::newRow("held left of the score") << true << true << false << true << false;
+        QTest::newRow("click on a predicted score") << true << true << false << true;
+        QTest::newRow("click left of the score") << true << false << false << false;
+        QTest::newRow("click on a recorded score") << false << true << false << false;
+        QTest::newRow("held on a predicted score") << true << true << true << true;
+        QTest::newRow("held left of the score") << true << false << true << false;
     }
     // A held press opens the row's menu, except on a predicted score, which
     // shows only its note; a click goes on to the list as usual.
     void predictedScoreNote()
     {
-        QFETCH(bool, predicting);
         QFETCH(bool, overridden);
         QFETCH(bool, onScore);
         QFETCH(bool, hold);
         QFETCH(bool, noted);
-        CPredictionStore::Instance().SetActive(predicting);
+        CPredictionStore::Instance().SetActive(true);
         if (overridden)
             CPredictionStore::Instance().SetOverride(
                 m_lab1, EffectiveScore{10, 10, EffectiveScore::Overridden});
