@@ -11,16 +11,7 @@
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
-#include <QAccessible>
-#include <QAction>
-#include <QComboBox>
-#include <QDialog>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QTabWidget>
+#include <QtWidgets>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

@@ -7,9 +7,6 @@
 #include "app/DatabaseOpener.h"
 #include "support/MessageAnswers.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QThread>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

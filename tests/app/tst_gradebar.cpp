@@ -7,10 +7,7 @@
 #include "support/Records.h"
 #include "support/DatabaseTest.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
+#include <QtWidgets>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

@@ -16,13 +16,7 @@
 #include "support/DatabaseTest.h"
 #include "support/Records.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QTextBrowser>
-#include <QTreeWidget>
+#include <QtWidgets>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

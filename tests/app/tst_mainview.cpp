@@ -14,13 +14,7 @@
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QLabel>
-#include <QMenu>
-#include <QTabBar>
+#include <QtWidgets>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

@@ -10,9 +10,6 @@
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
-#include <QDir>
-#include <QFile>
-#include <QMap>
 #include <QtTest>
 
 #include <sqlite3.h>

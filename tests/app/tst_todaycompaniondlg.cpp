@@ -4,24 +4,18 @@
 #include "app/TodayCompanionDlg.h"
 #include "support/MessageAnswers.h"
 
-#include <QCheckBox>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtWidgets>
+#include <QtTest>
 
 class TestTodayCompanionDlg : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init()
+    void startAtLogin()
     {
-        m_config = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_CONFIG_HOME", m_config->path().toUtf8());
-    }
-
-    void tickAndClear()
-    {
+        QTemporaryDir config;
+        qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
         QFile installed(TodayAutostart::InstalledEntry());
         QVERIFY2(installed.open(QIODevice::ReadOnly), qPrintable(installed.fileName()));
         const QByteArray entry = installed.readAll();
@@ -33,17 +27,15 @@ private slots:
         QFile copy(TodayAutostart::UserEntry());
         QVERIFY(copy.open(QIODevice::ReadOnly));
         QCOMPARE(copy.readAll(), entry);
-        QVERIFY(copy.fileName().startsWith(m_config->path()));
+        QVERIFY(copy.fileName().startsWith(config.path()));
 
         TodayCompanionDlg off;
         QVERIFY(off.StartAtLogin());
         off.SetStartAtLogin(false);
         QVERIFY(off.OnOK());
         QVERIFY(!QFile::exists(TodayAutostart::UserEntry()));
-    }
 
-    void missingEntryIsRefused()
-    {
+        // An installation without the entry: refused, with its name.
         QTemporaryDir emptyInstall;
         const QByteArray saved = qgetenv("BRINDLE_INSTALL_DIR");
         qputenv("BRINDLE_INSTALL_DIR", emptyInstall.path().toUtf8());
@@ -57,9 +49,6 @@ private slots:
         QVERIFY(answers.Texts().front().contains(QStringLiteral("brindle-today.desktop")));
         QVERIFY(!QFile::exists(TodayAutostart::UserEntry()));
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_config;
 };
 
 QTEST_MAIN(TestTodayCompanionDlg)
