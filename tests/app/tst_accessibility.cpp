@@ -11,8 +11,8 @@
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 
-#include <QtWidgets>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +39,8 @@ QStringList LetterProblems(const QString& where, const QStringList& texts)
     for (const QString& text : texts) {
         const QChar letter = Mnemonics::LetterOf(text);
         if (!letter.isNull() && letters.contains(letter))
-            problems << where + u": Alt+%1 on \"%2\" and \"%3\""_s.arg(letter, letters[letter], text);
+            problems << where +
+                            u": Alt+%1 on \"%2\" and \"%3\""_s.arg(letter, letters[letter], text);
         else if (!letter.isNull())
             letters.insert(letter, text);
     }
@@ -163,29 +164,20 @@ private slots:
         QVERIFY2(walked.size() >= 8, qPrintable(walked.join(u", "_s)));
         for (const QString& name : {u"SemesterDlg"_s, u"DatabaseOptionsDlg"_s, u"GradePlannerDlg"_s,
                                     u"ExportFoldersDlg"_s, u"TodayCompanionDlg"_s})
-            QVERIFY2(walked.contains(name), qPrintable(name + u" not in "_s + walked.join(u", "_s)));
+            QVERIFY2(walked.contains(name),
+                     qPrintable(name + u" not in "_s + walked.join(u", "_s)));
         QVERIFY2(problems.isEmpty(), qPrintable(u"\n"_s + problems.join(u'\n')));
     }
 
-    void mnemonicsAreGivenOnceEach_data()
-    {
-        QTest::addColumn<QStringList>("texts");
-        QTest::addColumn<QStringList>("menus"); // an editor's menu bar, letters given
-        QTest::newRow("same first letters")
-            << QStringList{u"Move Up"_s, u"Move Down"_s, u"Minimum"_s} << QStringList{};
-        QTest::newRow("one already given")
-            << QStringList{u"&Delete"_s, u"Details"_s, u"Drops: "_s} << QStringList{};
-        QTest::newRow("an ampersand in the text")
-            << QStringList{u"R&&D"_s, u"Rooms && Times"_s} << QStringList{};
-        QTest::newRow("German") << QStringList{u"Übernehmen"_s, u"Überfällig"_s, u"Öffnen"_s}
-                                << QStringList{};
-        QTest::newRow("beside an editor's menus")
-            << QStringList{u"Edit"_s, u"Apply"_s} << QStringList{u"&Export"_s, u"&Add"_s};
-    }
+    // Same first letters, a letter already given, ampersands, German, and an
+    // editor's menu bar whose letters stay.
     void mnemonicsAreGivenOnceEach()
     {
-        QFETCH(QStringList, texts);
-        QFETCH(QStringList, menus);
+        const QStringList texts{u"Move Up"_s,    u"Move Down"_s,  u"Minimum"_s, u"&Delete"_s,
+                                u"Details"_s,    u"Drops: "_s,    u"R&&D"_s,    u"Rooms && Times"_s,
+                                u"Übernehmen"_s, u"Überfällig"_s, u"Öffnen"_s,  u"Edit"_s,
+                                u"Apply"_s};
+        const QStringList menus{u"&Export"_s, u"&Add"_s};
         QDialog dialog;
         dialog.setObjectName(u"dialog"_s);
         QList<QPushButton*> buttons;

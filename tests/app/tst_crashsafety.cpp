@@ -3,6 +3,8 @@
 // open must succeed without a word, the file must pass integrity_check, and
 // every save must be whole: each course with its order row, its policy, its
 // types, the times and books its save wrote and the grade of its coursework.
+// Checked against: RemoveCourse committing as it starts (17 partial saves),
+// RecomputeCourseGrade not writing the grade.
 #include "BrindleData.h"
 #include "app/DatabaseOpener.h"
 #include "support/MessageAnswers.h"
@@ -97,8 +99,9 @@ private slots:
             CDatabaseOpener opener(true);
             QVERIFY2(opener.Open() && answers.Texts().isEmpty(),
                      qPrintable(opener.ErrorText() + answers.Texts().join(u'\n')));
-            QCOMPARE(Count("SELECT count(*) FROM pragma_integrity_check WHERE integrity_check <> 'ok'"),
-                     qint64(0));
+            QCOMPARE(
+                Count("SELECT count(*) FROM pragma_integrity_check WHERE integrity_check <> 'ok'"),
+                qint64(0));
             QCOMPARE(Count(PartialSaves), qint64(0));
             CAppStateTable::Instance().Close();
             CDataTable::GetMount()->Unmount();

@@ -1,14 +1,15 @@
 // The grade bar's texts and rounding, and the banners with their menu.
-// Checked against: the percent rounded to nearest instead of up.
+// Checked against: the course percent without its cut above 100 (PercentOf for
+// PercentOfCut). Rounding up itself is tst_gradetext's.
 #include "BrindleData.h"
 #include "app/GradeBarText.h"
 #include "app/MainView.h"
 #include "grading/PredictionStore.h"
-#include "support/Records.h"
 #include "support/DatabaseTest.h"
+#include "support/Records.h"
 
-#include <QtWidgets>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -48,14 +49,11 @@ private slots:
         QTest::addColumn<double>("predicted"); // shown in prediction mode; -1 for off
         QTest::addColumn<QString>("expected");
         QTest::newRow("no score") << -1.0 << -1.0 << u"Grade: --"_s;
-        QTest::newRow("rounded up, not to nearest") << 0.87341 << -1.0 << u"Grade: 87.35% B"_s;
-        QTest::newRow("above 100 cut to its whole part") << 1.05 << -1.0 << u"Grade: 105% A"_s;
         QTest::newRow("just above 100 becomes 100") << 1.00004 << -1.0 << u"Grade: 100% A"_s;
         QTest::newRow("shown as 90 but graded on the unrounded value")
             << 0.899999 << -1.0 << u"Grade: 90% B"_s;
         QTest::newRow("0.57 times 10000 just below 5700") << 0.57 << -1.0 << u"Grade: 57%"_s;
         QTest::newRow("on the lowest minimum") << 0.6 << -1.0 << u"Grade: 60% D"_s;
-        QTest::newRow("one decimal") << 0.755 << -1.0 << u"Grade: 75.5% C"_s;
         QTest::newRow("predicted grade") << 0.75 << 0.95 << u"Grade: 95% A"_s;
     }
     void courseGrade()
@@ -81,8 +79,8 @@ private slots:
         QTest::newRow("no course") << QList<double>{} << QList<double>{} << false << u"GPA:"_s;
         QTest::newRow("no course graded")
             << QList<double>{-1.0, -1.0} << QList<double>{3, 4} << false << u"GPA:"_s;
-        QTest::newRow("A and B") << QList<double>{0.95, 0.85, -1.0} << QList<double>{3, 3, 3} << false
-                                 << u"GPA: 3.50"_s;
+        QTest::newRow("A and B") << QList<double>{0.95, 0.85, -1.0} << QList<double>{3, 3, 3}
+                                 << false << u"GPA: 3.50"_s;
         QTest::newRow("A for 4 hours, C for 2")
             << QList<double>{0.95, 0.75} << QList<double>{4, 2} << true << u"GPA: 3.33"_s;
         QTest::newRow("only zero-hour courses, by hours")
@@ -110,8 +108,8 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("exit");
         QTest::newRow("neither") << false << false << QString() << QString();
-        QTest::newRow("prediction") << true << false << u"Grade Prediction Mode"_s
-                                    << u"Exit Grade Prediction Mode"_s;
+        QTest::newRow("prediction")
+            << true << false << u"Grade Prediction Mode"_s << u"Exit Grade Prediction Mode"_s;
         QTest::newRow("archived") << false << true << u"Archived Semester"_s
                                   << u"Exit Archived Semester"_s;
         QTest::newRow("prediction wins")
@@ -124,8 +122,8 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, exit);
         CPredictionStore::Instance().SetActive(predicting);
-        CAppStateTable::Instance().SetCurrentSemesterID(archived ? Records::Semester(u"Spring 2024"_s)
-                                                                 : WorkingSemesterID);
+        CAppStateTable::Instance().SetCurrentSemesterID(
+            archived ? Records::Semester(u"Spring 2024"_s) : WorkingSemesterID);
         CMainView view;
         view.show();
         view.LayoutView();

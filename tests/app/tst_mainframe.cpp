@@ -2,7 +2,8 @@
 // grade bar after each command that changes it: grade names after
 // Institution, new coursework in prediction mode, predicted grades after the
 // prediction options.
-// Checked against: two Tools items swapped.
+// Checked against: two Tools items swapped; RecomputeCourseGrade not writing
+// the grade.
 #include "BrindleData.h"
 #include "app/Clock.h"
 #include "app/CourseworkListModel.h"
@@ -16,8 +17,8 @@
 #include "support/DatabaseTest.h"
 #include "support/Records.h"
 
-#include <QtWidgets>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -92,12 +93,12 @@ private slots:
                               u"Progress Report..."_s, u"-"_s, u"Add Coursework..."_s,
                               u"Edit Course..."_s, u"Edit Instructors..."_s,
                               u"Edit Grading Policy..."_s}));
-        QCOMPARE(MenuTexts(frame, 1),
-                 QStringList({u"About Brindle..."_s, u"Database..."_s, u"-"_s, u"Semester..."_s,
-                              u"Tab Order..."_s, u"Buildings..."_s, u"All Instructors..."_s,
-                              u"Institution..."_s, u"Report Card..."_s, u"-"_s,
-                              u"Grade Planner..."_s, u"Today Companion..."_s, u"-"_s,
-                              u"Export Folders..."_s}));
+        QCOMPARE(
+            MenuTexts(frame, 1),
+            QStringList({u"About Brindle..."_s, u"Database..."_s, u"-"_s, u"Semester..."_s,
+                         u"Tab Order..."_s, u"Buildings..."_s, u"All Instructors..."_s,
+                         u"Institution..."_s, u"Report Card..."_s, u"-"_s, u"Grade Planner..."_s,
+                         u"Today Companion..."_s, u"-"_s, u"Export Folders..."_s}));
         QCOMPARE(MenuTexts(frame, 2), QStringList({u"Options..."_s, u"Turn On"_s}));
 
         // Help opens on the main window's contents.

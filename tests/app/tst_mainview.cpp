@@ -3,7 +3,8 @@
 // next view; and what the user does on the rows: delete with its links, the
 // context menu, opening a row, and the note on predicted scores.
 // Checked against: the hidden-tab fallback not calling OnTabChosen (the list
-// stays on Past Due), OnCourseChosen not resetting the type to the first one.
+// stays on Past Due), OnCourseChosen not resetting the type to the first one,
+// DeleteCoursework deleting every item's links (its seek dropped).
 #include "BrindleData.h"
 #include "app/Clock.h"
 #include "app/CourseworkListModel.h"
@@ -14,8 +15,8 @@
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 
-#include <QtWidgets>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -125,9 +126,8 @@ private slots:
     {
         State().SetCurrentTabID(CViewTabTable::PastDueTab);
         auto view = ShownView();
-        QCOMPARE(TabTexts(view->TabBar()), (QStringList{u"No Filter"_s, u"Cw Type"_s,
-                                                        u"Past Due"_s, u"Course Week"_s,
-                                                        u"Due By"_s}));
+        QCOMPARE(TabTexts(view->TabBar()), (QStringList{u"No Filter"_s, u"Cw Type"_s, u"Past Due"_s,
+                                                        u"Course Week"_s, u"Due By"_s}));
         QCOMPARE(view->ListModel()->rowCount(), 2); // Biology and its Lab 1
         QVERIFY(CDataTable::GetMount()->Execute(
             "UPDATE ViewTab SET IsVisible = 0 WHERE ViewTabID = 2"));
@@ -274,8 +274,8 @@ private slots:
         State().SetCurrentCourseID(m_biology);
         const auto view = ShownView();
         if (vanished)
-            QVERIFY(CDataTable::GetMount()->Execute(
-                "DELETE FROM Coursework WHERE id = " + QByteArray::number(m_quiz1)));
+            QVERIFY(CDataTable::GetMount()->Execute("DELETE FROM Coursework WHERE id = " +
+                                                    QByteArray::number(m_quiz1)));
         view->List()->setCurrentIndex(view->ListModel()->index(1));
         MessageAnswers answers({agree ? QMessageBox::Yes : QMessageBox::No});
         QTest::keyClick(view->List(), Qt::Key_Delete);
@@ -284,7 +284,7 @@ private slots:
         const bool deleted = agree && !vanished;
         QCOMPARE(Records::Count("Coursework"), agree ? 3 : 4);
         QCOMPARE(Records::Count("OutlookLink"), deleted ? 1 : 3); // Lab 1's stays
-        QCOMPARE(StoredGrade(m_biology), deleted ? 0.8 : 0.5); // only 8/10 is left
+        QCOMPARE(StoredGrade(m_biology), deleted ? 0.8 : 0.5);    // only 8/10 is left
         if (deleted) {
             QCOMPARE(view->GradeBar()->text(), u"Grade: 80% B"_s);
             QCOMPARE(view->ListModel()->rowCount(), 1);
@@ -333,7 +333,7 @@ private slots:
     {
         QTest::addColumn<bool>("overridden");
         QTest::addColumn<bool>("onScore"); // in the score's zone at the right edge
-        QTest::addColumn<bool>("hold"); // a press and hold instead of a click
+        QTest::addColumn<bool>("hold");    // a press and hold instead of a click
         QTest::addColumn<bool>("noted");
         QTest::newRow("click on a predicted score") << true << true << false << true;
         QTest::newRow("click left of the score") << true << false << false << false;
@@ -372,8 +372,9 @@ private slots:
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, point);
             QCOMPARE(list->currentIndex().row(), 1);
         }
-        QCOMPARE(answers.Texts(), noted ? QStringList{u"Unofficial score from Grade Prediction Mode"_s}
-                                        : QStringList{});
+        QCOMPARE(answers.Texts(),
+                 noted ? QStringList{u"Unofficial score from Grade Prediction Mode"_s}
+                       : QStringList{});
     }
 };
 

@@ -4,8 +4,8 @@
 #include "app/TodayCompanionDlg.h"
 #include "support/MessageAnswers.h"
 
-#include <QtWidgets>
 #include <QtTest>
+#include <QtWidgets>
 
 class TestTodayCompanionDlg : public QObject
 {
