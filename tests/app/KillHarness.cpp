@@ -31,7 +31,6 @@ bool NewCourse(QRandomGenerator& random, int number)
         return false;
     course.SetCourseName(QStringLiteral("Course %1").arg(number));
     course.SetDetails(QStringLiteral("times=%1 books=%2").arg(times).arg(books));
-    course.SetCurrentGrade(-1.0);
     if (!course.UpdateRecord())
         return false;
     const quint32 courseId = course.GetRecordID();
@@ -49,8 +48,6 @@ bool NewCourse(QRandomGenerator& random, int number)
         time.NewRecord(0);
         time.SetForeignRecordID(courseId);
         time.SetDayOfWeek(static_cast<quint16>(1 << i));
-        time.SetStartTime(0.375);
-        time.SetEndTime(0.41);
         ok = time.UpdateRecord();
     }
     CTextbookTable book;
