@@ -5,7 +5,6 @@
 // Checked against: two Tools items swapped; RecomputeCourseGrade not writing
 // the grade.
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/CourseworkListModel.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
@@ -14,6 +13,7 @@
 #include "editors/CourseworkDlg.h"
 #include "editors/CourseworkDlgInfoPage.h"
 #include "grading/dialogs/GradePredictionDlg.h"
+#include "store/Clock.h"
 #include "support/DatabaseTest.h"
 #include "support/Records.h"
 

@@ -6,11 +6,11 @@
 // stays on Past Due), OnCourseChosen not resetting the type to the first one,
 // DeleteCoursework deleting every item's links (its seek dropped).
 #include "BrindleData.h"
-#include "app/Clock.h"
 #include "app/CourseworkListModel.h"
 #include "app/CourseworkListView.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
+#include "store/Clock.h"
 #include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
