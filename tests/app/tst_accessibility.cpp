@@ -169,14 +169,22 @@ private slots:
         QVERIFY2(problems.isEmpty(), qPrintable(u"\n"_s + problems.join(u'\n')));
     }
 
-    // Same first letters, a letter already given, ampersands, German, and an
-    // editor's menu bar whose letters stay.
+    void mnemonicsAreGivenOnceEach_data()
+    {
+        QTest::addColumn<QString>("joined");    // the texts, split at '|'
+        QTest::addColumn<QStringList>("menus"); // an editor's menu bar, letters given
+        QTest::newRow("same first letters") << u"Move Up|Move Down|Minimum"_s << QStringList{};
+        QTest::newRow("one already given") << u"&Delete|Details|Drops: "_s << QStringList{};
+        QTest::newRow("an ampersand in the text") << u"R&&D|Rooms && Times"_s << QStringList{};
+        QTest::newRow("German") << u"Übernehmen|Überfällig|Öffnen"_s << QStringList{};
+        QTest::newRow("beside an editor's menus")
+            << u"Edit|Apply"_s << QStringList{u"&Export"_s, u"&Add"_s};
+    }
     void mnemonicsAreGivenOnceEach()
     {
-        const QStringList texts =
-            u"Move Up|Move Down|Minimum|&Delete|Details|Drops: |R&&D|"
-            u"Rooms && Times|Übernehmen|Überfällig|Öffnen|Edit|Apply"_s.split(u'|');
-        const QStringList menus{u"&Export"_s, u"&Add"_s};
+        QFETCH(QString, joined);
+        QFETCH(QStringList, menus);
+        const QStringList texts = joined.split(u'|');
         QDialog dialog;
         dialog.setObjectName(u"dialog"_s);
         QList<QPushButton*> buttons;
