@@ -1,8 +1,10 @@
 // The grading policy dialog: the type list's menu, deleting, adding and moving
-// types, the edit panes' refusals, OK in one transaction and Cancel.
+// types, the edit panes' refusals, OK with an open pane or a failed write (in
+// one transaction), Cancel and the policy warnings.
 //
 // Faults tried and caught: a failed commit ignored by Save (OK closes the
-// dialog without a word: failedWriteRollsBackAndStaysOpen).
+// dialog without a word: "new type record refused"); OK no longer discarding
+// an untouched new-type pane ("untouched new pane is no type").
 #include "controls/NumericEdit.h"
 #include "grading/dialogs/CwTypeEditor.h"
 #include "grading/dialogs/GradingDlg.h"
@@ -10,19 +12,16 @@
 #include "grading/dialogs/GradingDlgTypesPage.h"
 #include "grading/dialogs/MinimumPercentEditor.h"
 #include "store/BrindleData.h"
+#include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QTabWidget>
-#include <QTreeWidget>
 #include <QtTest>
 
 #include <sqlite3.h>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -99,20 +98,12 @@ quint32 CourseWithTypes(const QStringList& names)
 
 } // namespace
 
-class TestGradingDlg : public QObject
+class TestGradingDlg : public DatabaseTest
 {
     Q_OBJECT
 
-    std::unique_ptr<TestDatabase> m_db;
-
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
-    void init()
-    {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
-    }
-    void cleanup() { m_db.reset(); }
 
     void typeMenuOfferings_data()
     {
@@ -167,40 +158,18 @@ private slots:
 
         const quint32 course = Records::Course(u"Biology"_s);
         QHash<QString, quint32> types;
-        types[u"A"_s] = Records::CwType(course, u"A"_s, 0.0, 0, 1);
-        types[u"B"_s] = Records::CwType(course, u"B"_s, 0.0, 0, 2);
-        types[u"C"_s] = Records::CwType(course, u"C"_s, 0.0, 0, 0);
-        const quint32 first = Records::Coursework(course, types[deleted], u"Lab 1"_s);
-        const quint32 second = Records::Coursework(course, types[deleted], u"Lab 2"_s);
+        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s})
+            types[name] = Records::CwType(course, name, 0.0, 0, qint16(u"CAB"_s.indexOf(name)));
+        const quint32 lab = Records::Coursework(course, types[deleted], u"Lab 1"_s);
         const quint32 other = Records::CwType(Records::Course(u"Chemistry"_s), u"Quiz"_s);
 
         GradingDlg dialog(course);
-        const auto& entries = dialog.TypeEntries();
-        const auto at = std::find_if(entries.cbegin(), entries.cend(),
-                                     [&](const CwTypeEntry& e) { return e.name == deleted; });
-        QVERIFY(at != entries.cend());
-        dialog.DeleteType(static_cast<int>(at - entries.cbegin()));
+        dialog.DeleteType(int(u"CAB"_s.indexOf(deleted)));
         QVERIFY(dialog.Save());
-
-        QCOMPARE(TypeOf(first), types[receiver]);
-        QCOMPARE(TypeOf(second), types[receiver]);
+        QCOMPARE(TypeOf(lab), types[receiver]);
         QCOMPARE(Records::Count("CwType"), 3);
         QCOMPARE(Records::Count("CwTypeOrder"), 3);
         QCOMPARE(CCwTypeTable::GetCwTypeNameFromID(other), u"Quiz"_s);
-    }
-
-    void addedThenDeletedNeverStored()
-    {
-        GradingDlg dialog(CourseWithTypes({u"Homework"_s}));
-        dialog.NewType();
-        FillTypePane(dialog, u"Quizzes|2|1"_s);
-        QVERIFY(dialog.ApplyTypeEdit());
-        QCOMPARE(int(dialog.TypeEntries().size()), 2);
-        dialog.DeleteType(1);
-        QVERIFY(dialog.DeletedTypeIds().empty());
-        QVERIFY(dialog.Save());
-        QCOMPARE(Records::Count("CwType"), 1);
-        QCOMPARE(Records::Count("CwTypeOrder"), 1);
     }
 
     void reorderRewritesPositions()
@@ -232,6 +201,12 @@ private slots:
         dialog.NewType();
         FillTypePane(dialog, u"Exams|3|0"_s);
         QVERIFY(dialog.ApplyTypeEdit());
+        // A type added and deleted again is never stored.
+        dialog.NewType();
+        FillTypePane(dialog, u"Quizzes|2|1"_s);
+        QVERIFY(dialog.ApplyTypeEdit());
+        dialog.DeleteType(2);
+        QVERIFY(dialog.DeletedTypeIds().empty());
         dialog.SetWeighting(CGradingPolicyTable::WeightByType);
         dialog.EditMinimum(1);
         TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"78.5"_s);
@@ -335,53 +310,96 @@ private slots:
         }
     }
 
-    void okKeepsDialogOpenOnRefusedPane()
+    void okStep_data()
     {
-        GradingDlg dialog(CourseWithTypes({u"Homework"_s}));
-        const QStringList before = DumpPolicyTables();
-        dialog.show();
-        dialog.EditType(0);
-        FillTypePane(dialog, u"Homework|-2|0"_s);
-        MessageAnswers answers;
-        dialog.accept();
-        QVERIFY(dialog.isVisible());
-        QCOMPARE(answers.Texts(), QStringList{u"The weight must be a number of 0 or more."_s});
-        QCOMPARE(DumpPolicyTables(), before);
+        QTest::addColumn<bool>("editFirst");  // else the new-type pane the dialog opens with
+        QTest::addColumn<QString>("typed");   // name|weight, either may be left as it is
+        QTest::addColumn<QByteArray>("refused"); // "<step> ON <table>" a trigger aborts
+        QTest::addColumn<QString>("message");   // empty: saved and closed
+        QTest::addColumn<QStringList>("types"); // stored, as "name@position"
 
-        // An unapplied but valid pane is taken in by OK.
-        TypeInto(dialog.TypesPage()->Editor()->WeightEdit(), u"4"_s);
-        dialog.accept();
-        QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(dialog.TypeEntries().at(0).weight, 4.0);
+        const QStringList homework{u"Homework@0"_s};
+        const QString notSaved = u"The change could not be saved (refused). Nothing was changed."_s;
+        QTest::newRow("untouched new pane is no type")
+            << false << u"|"_s << QByteArray() << QString() << homework;
+        QTest::newRow("new pane taken in") << false << u"Labs|"_s << QByteArray() << QString()
+                                           << QStringList{u"Homework@0"_s, u"Labs@1"_s};
+        QTest::newRow("weight without a name") << false << u"|5"_s << QByteArray()
+                                               << u"Enter a name for the coursework type."_s
+                                               << homework;
+        QTest::newRow("edited pane taken in")
+            << true << u"Essays|4"_s << QByteArray() << QString() << QStringList{u"Essays@0"_s};
+        QTest::newRow("edited pane refused") << true << u"Essays|-2"_s << QByteArray()
+                                             << u"The weight must be a number of 0 or more."_s
+                                             << homework;
+        // A failed write rolls every write of the OK back, with the store's reason.
+        for (const char* step : {"INSERT ON CwType", "UPDATE ON CwType", "INSERT ON CwTypeOrder",
+                                 "UPDATE ON GradingPolicyGrade"})
+            QTest::addRow("%s refused", step)
+                << false << u"Labs|"_s << QByteArray(step) << notSaved << homework;
     }
-
-    void failedWriteRollsBackAndStaysOpen()
+    void okStep()
     {
+        QFETCH(bool, editFirst);
+        QFETCH(QString, typed);
+        QFETCH(QByteArray, refused);
+        QFETCH(QString, message);
+        QFETCH(QStringList, types);
+
         const quint32 course = CourseWithTypes({u"Homework"_s});
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         Records::MinimumPercent(course, 0, 90.0);
         const QStringList before = DumpPolicyTables();
-        // The weighting and minimum are written first; the new type then fails.
-        QVERIFY(
-            CDataTable::GetMount()->Execute("CREATE TRIGGER RefuseTypes BEFORE INSERT ON CwType "
-                                            "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+        if (!refused.isEmpty())
+            QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + refused +
+                                                    " BEGIN SELECT RAISE(ABORT, 'refused'); END"));
 
-        GradingDlg dialog(course);
+        GradingDlg dialog(course, true);
         dialog.show();
         dialog.SetWeighting(CGradingPolicyTable::WeightByType);
-        dialog.EditMinimum(0);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"85"_s);
-        QVERIFY(dialog.ApplyMinimumEdit());
-        dialog.NewType();
-        FillTypePane(dialog, u"Exams|1|0"_s);
+        if (editFirst)
+            dialog.EditType(0);
+        CwTypeEditor* editor = dialog.TypesPage()->Editor();
+        const QStringList fields = typed.split(u'|');
+        if (!fields[0].isEmpty())
+            TypeInto(editor->NameEdit(), fields[0]);
+        if (!fields[1].isEmpty())
+            TypeInto(editor->WeightEdit(), fields[1]);
+        if (!refused.isEmpty()) {
+            // Every kind of write happens: the type, its order row, a minimum.
+            QVERIFY(dialog.ApplyTypeEdit());
+            dialog.EditMinimum(0);
+            TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"95"_s);
+        }
         MessageAnswers answers;
         dialog.accept();
 
-        QVERIFY(dialog.isVisible());
-        QCOMPARE(answers.Texts(),
-                 QStringList{QStringLiteral(
-                     "The change could not be saved (refused). Nothing was changed.")});
-        QCOMPARE(DumpPolicyTables(), before);
+        const bool saved = message.isEmpty();
+        QCOMPARE(dialog.isVisible(), !saved);
+        QCOMPARE(answers.Texts(), saved ? QStringList() : QStringList{message});
+        QCOMPARE(StoredOrder(course), types);
+        QCOMPARE(Records::Count("CwType"), int(types.size()));
+        if (!saved)
+            QCOMPARE(DumpPolicyTables(), before);
+        else
+            QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
+                     CGradingPolicyTable::WeightByType);
+    }
+
+    void policyWarnings()
+    {
+        const quint32 course = Records::Course(u"Biology"_s);
+        const quint32 homework = Records::CwType(course, u"Homework"_s);
+        Records::Coursework(course, homework, u"Homework 1"_s, 40.0, 50.0);
+        Records::Coursework(course, homework, u"Final"_s, -1.0, 50.0);
+        Records::CwType(course, u"Labs"_s, 30.0);
+        GradingDlg dialog(course);
+        QVERIFY(dialog.WarningTexts().join(u' ').contains(u"\"Labs\" has no coursework."_s));
+        const qsizetype before = dialog.WarningTexts().size();
+        dialog.SetWeighting(CGradingPolicyTable::WeightByType);
+        // Homework has weight 0 and is graded: weight 0, and weights add up to 0.
+        QCOMPARE(dialog.WarningTexts().size(), before + 2);
+        QVERIFY(!dialog.findChild<QLabel*>(u"warningLabel"_s)->isHidden());
     }
 };
 

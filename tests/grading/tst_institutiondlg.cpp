@@ -6,18 +6,15 @@
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgGpaPage.h"
 #include "store/BrindleData.h"
+#include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
-#include "support/TestDatabase.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <functional>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -36,14 +33,6 @@ QStringList StoredScale()
                       .arg(scale.GetGradeName())
                       .arg(scale.GetGradePoints());
     return grades;
-}
-
-QStringList Entries(const std::vector<GradeScaleEntry>& grades)
-{
-    QStringList list;
-    for (const GradeScaleEntry& grade : grades)
-        list << u"%1=%2"_s.arg(grade.name).arg(grade.points);
-    return list;
 }
 
 // A course's minimum percents in grade order.
@@ -67,30 +56,23 @@ quint32 CourseWithMinimums(const QString& name, const QList<double>& minimums, q
     return course;
 }
 
-struct GpaInfo
+// Past hours, past points and the weighted flag.
+QList<double> StoredGpaInfo()
 {
-    double hours = -1.0;
-    double points = -1.0;
-    int weighted = -1;
-};
-
-GpaInfo StoredGpaInfo()
-{
-    GpaInfo info;
     CGPAInfoTable gpa;
-    if (gpa.Open() && gpa.MoveFirst(1))
-        info = {gpa.GetTotalPastHours(), gpa.GetTotalPastPoints(), gpa.GetWeightedByCourseHours()};
-    return info;
+    if (!gpa.Open() || !gpa.MoveFirst(1))
+        return {};
+    return {gpa.GetTotalPastHours(), gpa.GetTotalPastPoints(),
+            double(gpa.GetWeightedByCourseHours())};
 }
 
 } // namespace
 
-class TestInstitutionDlg : public QObject
+class TestInstitutionDlg : public DatabaseTest
 {
     Q_OBJECT
 
     QTemporaryDir m_installDir;
-    std::unique_ptr<TestDatabase> m_db;
 
 private slots:
     void initTestCase()
@@ -103,12 +85,6 @@ private slots:
         file.close();
         qputenv("BRINDLE_INSTALL_DIR", QFile::encodeName(m_installDir.path()));
     }
-    void init()
-    {
-        m_db = std::make_unique<TestDatabase>();
-        QVERIFY(m_db->IsReady());
-    }
-    void cleanup() { m_db.reset(); }
 
     void selectorOffersCurrentFileScalesAndCustom()
     {
@@ -120,7 +96,7 @@ private slots:
             items << combo->itemText(i);
         QCOMPARE(items, (QStringList{u"Current"_s, u"Pass/Fail"_s, u"Five Grades"_s, u"Custom"_s}));
         QCOMPARE(combo->currentIndex(), 0);
-        QCOMPARE(Entries(dialog.Grades()), (QStringList{u"A=4"_s, u"B=3"_s, u"C=2"_s, u"D=1"_s}));
+        QCOMPARE(dialog.Grades().size(), size_t(4));
 
         // Choosing as the user does copies the scale into the list.
         combo->setCurrentIndex(2);
@@ -177,12 +153,11 @@ private slots:
         QFETCH(QList<double>, after);
 
         // Six stored grades, so that every row changes the count.
+        CGradeScaleTable scale;
+        scale.Open();
         for (quint16 grade : {4, 5}) {
-            CGradeScaleTable scale;
-            scale.Open();
             scale.NewRecord(0);
             scale.SetGrade(grade);
-            scale.SetGradeName(u"E%1"_s.arg(grade));
             QVERIFY(scale.UpdateRecord());
         }
         // Every course of every semester is rebuilt, archived ones too.
@@ -203,57 +178,38 @@ private slots:
         QCOMPARE(Minimums(working), after);
         QCOMPARE(Minimums(archived), after);
     }
-    void scaleLimits_data()
-    {
-        QTest::addColumn<int>("grades");
-        QTest::addColumn<bool>("saved");
-
-        QTest::newRow("empty") << 0 << false;
-        QTest::newRow("twelve") << 12 << true;
-    }
     void scaleLimits()
     {
-        QFETCH(int, grades);
-        QFETCH(bool, saved);
-
         const QStringList before = StoredScale();
-
         InstitutionDlg dialog;
         dialog.ChooseScale(dialog.ScaleNames().size() - 1);
-        for (int i = 0; i < grades; ++i)
-            QVERIFY(dialog.AddGrade({u"G%1"_s.arg(i), 1.0}));
-
         MessageAnswers answers;
-        if (grades == InstitutionDlg::MaxGrades) {
-            // A thirteenth grade is refused, by hand or through the sub-dialog.
-            QVERIFY(!dialog.AddGrade({u"One too many"_s, 0.0}));
-            int opened = 0;
-            DialogRunner::SetHook([&opened](QDialog&) { return ++opened, int(QDialog::Rejected); });
-            QVERIFY(!dialog.NewGrade());
-            DialogRunner::SetHook({});
-            QCOMPARE(opened, 0);
-            QCOMPARE(
-                answers.Texts(),
-                QStringList(2, QStringLiteral("A grade scale holds at most 12 grades. Delete a "
-                                              "grade before adding another.")));
-            QCOMPARE(static_cast<int>(dialog.Grades().size()), grades);
-        }
-
         dialog.accept();
-        QCOMPARE(dialog.result(), saved ? int(QDialog::Accepted) : int(QDialog::Rejected));
-        if (saved) {
-            QCOMPARE(StoredScale().size(), grades);
-        } else {
-            QCOMPARE(answers.Texts(), QStringList{QStringLiteral(
-                                          "The grade scale needs at least one grade. Add a grade "
-                                          "or choose a scale from the list.")});
-            QCOMPARE(StoredScale(), before);
-        }
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QCOMPARE(answers.Texts(), QStringList{QStringLiteral(
+                                      "The grade scale needs at least one grade. Add a grade "
+                                      "or choose a scale from the list.")});
+        QCOMPARE(StoredScale(), before);
+
+        for (int i = 0; i < InstitutionDlg::MaxGrades; ++i)
+            QVERIFY(dialog.AddGrade({u"G%1"_s.arg(i), 1.0}));
+        // A thirteenth grade is refused, by hand or before the sub-dialog opens.
+        QVERIFY(!dialog.AddGrade({u"One too many"_s, 0.0}));
+        int opened = 0;
+        DialogRunner::SetHook([&opened](QDialog&) { return ++opened, int(QDialog::Rejected); });
+        QVERIFY(!dialog.NewGrade());
+        QCOMPARE(opened, 0);
+        const QString full =
+            u"A grade scale holds at most 12 grades. Delete a grade before adding another."_s;
+        QCOMPARE(answers.Texts().mid(1), QStringList(2, full));
+        dialog.accept();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(StoredScale().size(), 12);
     }
     void saveWritesGpaInfo()
     {
         {
-            CGPAInfoTable gpa;
+            CGPAInfoTable gpa; // closed before the reopen below
             QVERIFY(gpa.Open() && gpa.MoveFirst(1));
             gpa.SetTotalPastHours(12.0);
             gpa.SetTotalPastPoints(36.0);
@@ -276,51 +232,51 @@ private slots:
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
-        const GpaInfo info = StoredGpaInfo();
-        QCOMPARE(info.hours, 45.5);
-        QCOMPARE(info.points, 0.0);
-        QCOMPARE(info.weighted, 1);
+        QCOMPARE(StoredGpaInfo(), (QList<double>{45.5, 0.0, 1.0}));
         QCOMPARE(CAppStateTable::Instance().GetShowGPAWithHours(), 1);
         // The long-lived state object does not write its old flag back.
         QVERIFY(CAppStateTable::Instance().UpdateRecord());
-        QCOMPARE(StoredGpaInfo().weighted, 1);
+        QCOMPARE(StoredGpaInfo().at(2), 1.0);
         QVERIFY(m_db->Reopen());
         QCOMPARE(CAppStateTable::Instance().GetShowGPAWithHours(), 1);
     }
-    void negativePastValuesRefused()
+    void refusedSaveChangesNothing_data()
     {
-        InstitutionDlg dialog;
-        dialog.GpaPage()->PointsField()->setText(u"-4"_s);
-        dialog.ChooseScale(1); // a scale change that must not land either
-        MessageAnswers answers;
-        QVERIFY(!dialog.Save());
-        QCOMPARE(answers.Texts(), QStringList{u"Past hours and past points cannot be negative."_s});
-        QCOMPARE(StoredScale().size(), 4);
-        QCOMPARE(StoredGpaInfo().points, 0.0);
+        QTest::addColumn<QString>("points");
+        QTest::addColumn<QByteArray>("refused"); // a step a trigger aborts
+        QTest::addColumn<QString>("message");
+
+        QTest::newRow("negative past points")
+            << u"-4"_s << QByteArray() << u"Past hours and past points cannot be negative."_s;
+        // The minimum-percent rebuild fails half way, after the scale was
+        // rewritten; SQLite's reason is the trigger's own message.
+        QTest::newRow("failed write")
+            << u"5"_s << QByteArray("INSERT ON GradingPolicyGrade")
+            << u"The change could not be saved (refused). Nothing was changed."_s;
     }
-    void failedWriteChangesNothing()
+    void refusedSaveChangesNothing()
     {
+        QFETCH(QString, points);
+        QFETCH(QByteArray, refused);
+        QFETCH(QString, message);
+
         const quint32 course = CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
         const QStringList before = StoredScale();
-        // The minimum-percent rebuild fails half way, after the scale was rewritten.
-        QVERIFY(CDataTable::GetMount()->Execute(
-            "CREATE TRIGGER RefuseMinimums BEFORE INSERT ON GradingPolicyGrade "
-            "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
-
+        if (!refused.isEmpty())
+            QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + refused +
+                                                    " BEGIN SELECT RAISE(ABORT, 'refused'); END"));
         InstitutionDlg dialog;
         dialog.ChooseScale(1); // two grades instead of four
         dialog.GpaPage()->HoursField()->setText(u"10"_s);
+        dialog.GpaPage()->PointsField()->setText(points);
         MessageAnswers answers;
         dialog.accept();
 
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
-        // SQLite's reason is the trigger's own message.
-        QCOMPARE(answers.Texts(),
-                 QStringList{QStringLiteral(
-                     "The change could not be saved (refused). Nothing was changed.")});
+        QCOMPARE(answers.Texts(), QStringList{message});
         QCOMPARE(StoredScale(), before);
         QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
-        QCOMPARE(StoredGpaInfo().hours, 0.0);
+        QCOMPARE(StoredGpaInfo().first(2), (QList<double>{0.0, 0.0}));
     }
 };
 
