@@ -56,19 +56,25 @@ quint32 TypeOf(quint32 courseworkId)
     return coursework.MoveToRecord(courseworkId) ? coursework.GetCwTypeID() : 0;
 }
 
-// Type names of a course by stored position, as "name@position".
-QStringList StoredOrder(quint32 courseId)
+// A course's types by stored position, as "name@position weight/drops".
+QStringList StoredTypes(quint32 courseId)
 {
-    QStringList names;
+    QStringList types;
     CCwTypeOrderTable order;
+    CCwTypeTable type;
     order.Open(1);
+    type.Open();
     const CCeDBProp key(courseId);
     order.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1))
-        names << u"%1@%2"_s.arg(CCwTypeTable::GetCwTypeNameFromID(order.GetCwTypeID()))
-                     .arg(order.GetCwTypePosition());
-    names.sort();
-    return names;
+    for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1)) {
+        if (type.MoveToRecord(order.GetCwTypeID()) && type.GetCourseID() == courseId)
+            types << u"%1@%2 %3/%4"_s.arg(type.GetCwTypeName())
+                         .arg(order.GetCwTypePosition())
+                         .arg(type.GetWeight())
+                         .arg(type.GetDrops());
+    }
+    types.sort();
+    return types;
 }
 
 void TypeInto(QLineEdit* edit, const QString& text)
@@ -77,14 +83,14 @@ void TypeInto(QLineEdit* edit, const QString& text)
     QTest::keyClicks(edit, text);
 }
 
-// Name, weight and drops as "name|weight|drops".
+// Name, weight and drops as "name|weight|drops"; fields left out stay as they are.
 void FillTypePane(GradingDlg& dialog, const QString& fields)
 {
-    const QStringList parts = fields.split(QLatin1Char('|'));
     CwTypeEditor* editor = dialog.TypesPage()->Editor();
-    TypeInto(editor->NameEdit(), parts.at(0));
-    TypeInto(editor->WeightEdit(), parts.at(1));
-    TypeInto(editor->DropsEdit(), parts.at(2));
+    QLineEdit* const edits[] = {editor->NameEdit(), editor->WeightEdit(), editor->DropsEdit()};
+    const QStringList parts = fields.split(u'|');
+    for (qsizetype i = 0; !fields.isEmpty() && i < parts.size(); ++i)
+        TypeInto(edits[i], parts[i]);
 }
 
 // A course "Biology" with the given types, in creation order.
@@ -184,7 +190,7 @@ private slots:
         dialog.RunTypeCommand(GradingDlg::MoveUpCommand, 2);   // B C A
         QCOMPARE(dialog.TypesPage()->SelectedRow(), 1);
         QVERIFY(dialog.Save());
-        QCOMPARE(StoredOrder(course), u"A@2 B@0 C@1"_s.split(QLatin1Char(' ')));
+        QCOMPARE(StoredTypes(course), (QStringList{u"A@2 0/0"_s, u"B@0 0/0"_s, u"C@1 0/0"_s}));
     }
 
     void okWritesEditsAndNewTypes()
@@ -213,15 +219,8 @@ private slots:
         QVERIFY(dialog.ApplyMinimumEdit());
         QVERIFY(dialog.Save());
 
-        CCwTypeTable type;
-        type.Open();
-        QVERIFY(type.MoveToRecord(dialog.TypeEntries().at(0).id));
-        QCOMPARE(type.GetWeight(), 1.5);
-        QCOMPARE(type.GetDrops(), quint16(2));
-        QVERIFY(type.MoveToRecord(dialog.TypeEntries().at(1).id));
-        QCOMPARE(type.GetCourseID(), course);
-        QCOMPARE(type.GetWeight(), 3.0);
-        QCOMPARE(StoredOrder(course), (QStringList{u"Exams@1"_s, u"Problem Sets@0"_s}));
+        QCOMPARE(StoredTypes(course), (QStringList{u"Exams@1 3/0"_s, u"Problem Sets@0 1.5/2"_s}));
+        QCOMPARE(Records::Count("CwType"), 2);
         QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
                  CGradingPolicyTable::WeightByType);
         CGradingPolicyGradeTable grades;
@@ -256,87 +255,68 @@ private slots:
         QCOMPARE(DumpPolicyTables(), before);
     }
 
-    void paneRefusesOutOfRange_data()
+    void minimumPaneRefusesOutOfRange_data()
     {
-        QTest::addColumn<bool>("typePane");
-        QTest::addColumn<QString>("input");   // name|weight|drops, or the percent
-        QTest::addColumn<QString>("message"); // empty: accepted
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("taken");
 
-        const QString percent = u"The minimum percent must be a number from 0 to 100."_s;
-        const QString name = u"Enter a name for the coursework type."_s;
-        const QString weight = u"The weight must be a number of 0 or more."_s;
-        const QString drops = u"Drops must be a whole number from 0 to 99."_s;
-        QTest::newRow("percent 100") << false << u"100"_s << QString();
-        QTest::newRow("percent 100.01") << false << u"100.01"_s << percent;
-        QTest::newRow("percent negative") << false << u"-1"_s << percent;
-        QTest::newRow("percent empty") << false << QString() << percent;
-        QTest::newRow("type ok") << true << u"Labs|0|99"_s << QString();
-        QTest::newRow("name blank") << true << u"   |1|0"_s << name;
-        QTest::newRow("weight negative") << true << u"Labs|-0.5|0"_s << weight;
-        QTest::newRow("weight empty") << true << u"Labs||0"_s << weight;
-        QTest::newRow("drops 100") << true << u"Labs|1|100"_s << drops;
-        QTest::newRow("drops empty") << true << u"Labs|1|"_s << drops;
+        QTest::newRow("100") << u"100"_s << true;
+        QTest::newRow("100.01") << u"100.01"_s << false;
+        QTest::newRow("negative") << u"-1"_s << false;
+        QTest::newRow("empty") << QString() << false;
     }
-    void paneRefusesOutOfRange()
+    void minimumPaneRefusesOutOfRange()
     {
-        QFETCH(bool, typePane);
-        QFETCH(QString, input);
-        QFETCH(QString, message);
+        QFETCH(QString, typed);
+        QFETCH(bool, taken);
 
         const quint32 course = CourseWithTypes({u"Homework"_s});
         Records::MinimumPercent(course, 0, 90.0);
         GradingDlg dialog(course);
         MessageAnswers answers;
-        bool applied = false;
-        if (typePane) {
-            dialog.NewType();
-            FillTypePane(dialog, input);
-            applied = dialog.ApplyTypeEdit();
-        } else {
-            dialog.EditMinimum(0);
-            TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), input);
-            applied = dialog.ApplyMinimumEdit();
-        }
-
-        QCOMPARE(applied, message.isEmpty());
-        QCOMPARE(answers.Texts(), message.isEmpty() ? QStringList() : QStringList{message});
-        if (typePane) {
-            QCOMPARE(int(dialog.TypeEntries().size()), applied ? 2 : 1);
-            QCOMPARE(dialog.EditingTypeRow(),
-                     applied ? int(GradingDlg::NotEditing) : int(GradingDlg::EditingNewType));
-        } else {
-            QCOMPARE(dialog.MinimumEntries().at(0).minimum, applied ? input.toDouble() : 90.0);
-            QCOMPARE(dialog.EditingMinimumRow(), applied ? -1 : 0);
-        }
+        dialog.EditMinimum(0);
+        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), typed);
+        QCOMPARE(dialog.ApplyMinimumEdit(), taken);
+        const QString refused = u"The minimum percent must be a number from 0 to 100."_s;
+        QCOMPARE(answers.Texts(), taken ? QStringList() : QStringList{refused});
+        QCOMPARE(dialog.MinimumEntries().at(0).minimum, taken ? typed.toDouble() : 90.0);
+        QCOMPARE(dialog.EditingMinimumRow(), taken ? -1 : 0);
     }
 
+    // OK takes in the open type pane, refuses it with a message or fails to
+    // write; a refused OK leaves the dialog open and the records as they were.
     void okStep_data()
     {
-        QTest::addColumn<bool>("editFirst");  // else the new-type pane the dialog opens with
-        QTest::addColumn<QString>("typed");   // name|weight, either may be left as it is
+        QTest::addColumn<bool>("editFirst"); // else the new-type pane the dialog opens with
+        QTest::addColumn<QString>("typed");  // as FillTypePane takes it
         QTest::addColumn<QByteArray>("refused"); // "<step> ON <table>" a trigger aborts
         QTest::addColumn<QString>("message");   // empty: saved and closed
-        QTest::addColumn<QStringList>("types"); // stored, as "name@position"
+        QTest::addColumn<QStringList>("types"); // as StoredTypes gives them
 
-        const QStringList homework{u"Homework@0"_s};
-        const QString notSaved = u"The change could not be saved (refused). Nothing was changed."_s;
+        const QStringList homework{u"Homework@0 0/0"_s};
+        const QString name = u"Enter a name for the coursework type."_s;
+        const QString weight = u"The weight must be a number of 0 or more."_s;
+        const QString drops = u"Drops must be a whole number from 0 to 99."_s;
+        const QByteArray none;
         QTest::newRow("untouched new pane is no type")
-            << false << u"|"_s << QByteArray() << QString() << homework;
-        QTest::newRow("new pane taken in") << false << u"Labs|"_s << QByteArray() << QString()
-                                           << QStringList{u"Homework@0"_s, u"Labs@1"_s};
-        QTest::newRow("weight without a name") << false << u"|5"_s << QByteArray()
-                                               << u"Enter a name for the coursework type."_s
-                                               << homework;
+            << false << QString() << none << QString() << homework;
+        QTest::newRow("new pane taken in")
+            << false << u"Labs|0|99"_s << none << QString()
+            << QStringList{u"Homework@0 0/0"_s, u"Labs@1 0/99"_s};
         QTest::newRow("edited pane taken in")
-            << true << u"Essays|4"_s << QByteArray() << QString() << QStringList{u"Essays@0"_s};
-        QTest::newRow("edited pane refused") << true << u"Essays|-2"_s << QByteArray()
-                                             << u"The weight must be a number of 0 or more."_s
-                                             << homework;
+            << true << u"Essays|4"_s << none << QString() << QStringList{u"Essays@0 4/0"_s};
+        QTest::newRow("weight without a name") << false << u"|5"_s << none << name << homework;
+        QTest::newRow("name blank") << false << u"   |1|0"_s << none << name << homework;
+        QTest::newRow("weight negative") << true << u"Essays|-0.5"_s << none << weight << homework;
+        QTest::newRow("weight empty") << false << u"Labs||0"_s << none << weight << homework;
+        QTest::newRow("drops 100") << false << u"Labs|1|100"_s << none << drops << homework;
+        QTest::newRow("drops empty") << true << u"Homework|1|"_s << none << drops << homework;
         // A failed write rolls every write of the OK back, with the store's reason.
+        const QString notSaved = u"The change could not be saved (refused). Nothing was changed."_s;
         for (const char* step : {"INSERT ON CwType", "UPDATE ON CwType", "INSERT ON CwTypeOrder",
                                  "UPDATE ON GradingPolicyGrade"})
             QTest::addRow("%s refused", step)
-                << false << u"Labs|"_s << QByteArray(step) << notSaved << homework;
+                << false << u"Labs"_s << QByteArray(step) << notSaved << homework;
     }
     void okStep()
     {
@@ -359,12 +339,7 @@ private slots:
         dialog.SetWeighting(CGradingPolicyTable::WeightByType);
         if (editFirst)
             dialog.EditType(0);
-        CwTypeEditor* editor = dialog.TypesPage()->Editor();
-        const QStringList fields = typed.split(u'|');
-        if (!fields[0].isEmpty())
-            TypeInto(editor->NameEdit(), fields[0]);
-        if (!fields[1].isEmpty())
-            TypeInto(editor->WeightEdit(), fields[1]);
+        FillTypePane(dialog, typed);
         if (!refused.isEmpty()) {
             // Every kind of write happens: the type, its order row, a minimum.
             QVERIFY(dialog.ApplyTypeEdit());
@@ -377,7 +352,7 @@ private slots:
         const bool saved = message.isEmpty();
         QCOMPARE(dialog.isVisible(), !saved);
         QCOMPARE(answers.Texts(), saved ? QStringList() : QStringList{message});
-        QCOMPARE(StoredOrder(course), types);
+        QCOMPARE(StoredTypes(course), types);
         QCOMPARE(Records::Count("CwType"), int(types.size()));
         if (!saved)
             QCOMPARE(DumpPolicyTables(), before);
