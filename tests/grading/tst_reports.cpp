@@ -91,9 +91,9 @@ private slots:
         QTest::addColumn<QStringList>("row");
         QTest::addColumn<QString>("completion");
 
-        QTest::newRow("no coursework") << quint16(0) << std::vector<Item>{}
-                                       << QStringList{u"Labs"_s, u"0 of 0 completed"_s, u"-"_s}
-                                       << u"No Courseworks"_s;
+        QTest::newRow("no coursework")
+            << quint16(0) << std::vector<Item>{}
+            << QStringList{u"Labs"_s, u"0 of 0 completed"_s, u"-"_s} << u"No Courseworks"_s;
         QTest::newRow("ungraded only, still counted")
             << quint16(0) << std::vector<Item>{{-1.0, 10.0, 100}, {-1.0, 20.0, 0}}
             << QStringList{u"Labs"_s, u"1 of 2 completed"_s, u"-"_s}
@@ -167,17 +167,15 @@ private slots:
         QTest::newRow("0/0") << nan << -1.0 << none;
         QTest::newRow("negative 0/0") << -nan << -1.0 << none;
         QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << -1.0 << none;
-        QTest::newRow("rounded up")
-            << 0.87654 << -1.0
-            << QStringList{u"Grade: 87.66% B"_s, u"Grade: 87.66% B"_s, u"87.66% B"_s,
-                           u"GPA: 3.000"_s};
+        QTest::newRow("rounded up") << 0.87654 << -1.0
+                                    << QStringList{u"Grade: 87.66% B"_s, u"Grade: 87.66% B"_s,
+                                                   u"87.66% B"_s, u"GPA: 3.000"_s};
         QTest::newRow("above 100: the bar alone cuts")
             << 1.125 << -1.0
             << QStringList{u"Grade: 112.5% A"_s, u"Grade: 112% A"_s, u"112.5% A"_s,
                            u"GPA: 4.000"_s};
         QTest::newRow("zero is a score")
-            << 0.0 << -1.0
-            << QStringList{u"Grade: 0%"_s, u"Grade: 0%"_s, u"0%"_s, u"GPA: 0.000"_s};
+            << 0.0 << -1.0 << QStringList{u"Grade: 0%"_s, u"Grade: 0%"_s, u"0%"_s, u"GPA: 0.000"_s};
         QTest::newRow("predicted")
             << 0.72 << 0.95
             << QStringList{u"Grade: 95% A"_s, u"Grade: 95% A"_s, u"95% A"_s, u"GPA: 4.000"_s};
@@ -226,13 +224,16 @@ private slots:
 
         Course(u"Algebra"_s, 0.95, true, 4.0);
         Course(u"Drawing"_s, 0.75, false, 2.0);
-        QCOMPARE(shown(), (QStringList{u"GPA: 3.000"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.000"_s}));
+        QCOMPARE(shown(),
+                 (QStringList{u"GPA: 3.000"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.000"_s}));
         CAppStateTable::Instance().SetShowGPAWithHours(true);
         CAppStateTable::Instance().UpdateRecord();
-        QCOMPARE(shown(), (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.333"_s}));
+        QCOMPARE(shown(),
+                 (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.333"_s}));
         // An archived D for 3 hours counts cumulatively only: (16 + 4 + 3) / 9.
         Course(u"Old"_s, 0.65, false, 3.0, Records::Semester(u"Fall"_s));
-        QCOMPARE(shown(), (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 2.556"_s}));
+        QCOMPARE(shown(),
+                 (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 2.556"_s}));
     }
     void rowsAndChartFollowCourseOrder()
     {
@@ -277,8 +278,8 @@ private slots:
     {
         QFETCH(double, fraction);
         GradeChart chart;
-        chart.SetCourses({{u"Physics"_s, fraction, {{u"A"_s, 90.0}}},
-                          {u"Art"_s, 0.75, {{u"A"_s, 60.0}}}});
+        chart.SetCourses(
+            {{u"Physics"_s, fraction, {{u"A"_s, 90.0}}}, {u"Art"_s, 0.75, {{u"A"_s, 60.0}}}});
         QVERIFY(chart.ScaleHigh() <= GradeChart::MaxScale);
         QVERIFY(chart.ScaleLow() < chart.ScaleHigh());
         const std::vector<double> ticks = chart.Ticks();
@@ -320,8 +321,7 @@ private slots:
         dialog.SelectGrade(1);
         QVERIFY(dialog.NeedText().startsWith(u"For "_s + dialog.Needs()[1].gradeName));
         QVERIFY(dialog.NeedText().contains(u"80%"_s));
-        QCOMPARE(dialog.findChild<QTreeWidget*>(u"needList"_s)->topLevelItem(1)->text(2),
-                 u"80%"_s);
+        QCOMPARE(dialog.findChild<QTreeWidget*>(u"needList"_s)->topLevelItem(1)->text(2), u"80%"_s);
         QCOMPARE(dialog.AssumedTexts(), QStringList({u"Homework: Final (out of 50)"_s}));
         QVERIFY(dialog.BestCaseText().contains(u"90%"_s));
         QVERIFY(dialog.WorstCaseText().contains(u"40%"_s));
