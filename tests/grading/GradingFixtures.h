@@ -1,10 +1,13 @@
 #pragma once
-// Courses built for the grading tests: coursework by type, minimum percents,
-// hours and the in-major flag.
+// Courses built for the grading tests (coursework by type, minimum percents,
+// hours and the in-major flag) and what the tests read back.
 #include "store/BrindleData.h"
 #include "support/Records.h"
 
 #include <QMetaType>
+#include <QStringList>
+
+#include <sqlite3.h>
 
 #include <vector>
 
@@ -25,14 +28,27 @@ struct Type
 };
 
 using Course = std::vector<Type>;
-using Minimums = std::vector<double>;
+using Minimums = QList<double>; // by grade number
 
 inline const Minimums abcd{90, 80, 70, 60};
 
 inline void SetMinimums(quint32 courseId, const Minimums& minimums)
 {
-    for (size_t g = 0; g < minimums.size(); ++g)
+    for (qsizetype g = 0; g < minimums.size(); ++g)
         Records::MinimumPercent(courseId, static_cast<quint16>(g), minimums[g]);
+}
+
+// A course's minimum percents in grade order.
+inline Minimums StoredMinimums(quint32 courseId)
+{
+    QMap<quint16, double> byGrade;
+    CGradingPolicyGradeTable table;
+    table.Open(0);
+    const CCeDBProp key(courseId);
+    table.SetSeekValue(&key, CDataTable::SeekValueEqual);
+    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
+        byGrade.insert(table.GetGrade(), table.GetMinimumPercent());
+    return byGrade.values();
 }
 
 // A course with a stored grade, by default with the minimums 90/80/70/60 of
@@ -72,7 +88,34 @@ inline quint32 MakeCourse(quint32 weighting, const Course& types, const Minimums
     return courseId;
 }
 
+// Makes SQLite refuse one step ("INSERT ON CwType") with the reason "refused".
+inline bool Refuse(const QByteArray& step)
+{
+    return CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + step +
+                                           " BEGIN SELECT RAISE(ABORT, 'refused'); END");
+}
+
+// Every row of the tables as text, to prove that nothing was written.
+inline QStringList DumpTables(std::initializer_list<const char*> tables)
+{
+    QStringList rows;
+    for (const char* table : tables) {
+        rows << QString::fromLatin1(table);
+        sqlite3_stmt* stmt = CDataTable::GetMount()->Statement(QByteArray("SELECT * FROM ") +
+                                                               table + " ORDER BY id");
+        while (stmt && sqlite3_step(stmt) == SQLITE_ROW) {
+            QStringList columns;
+            for (int i = 0; i < sqlite3_column_count(stmt); ++i)
+                columns << QString::fromUtf8(
+                    reinterpret_cast<const char*>(sqlite3_column_text(stmt, i)));
+            rows << columns.join(QLatin1Char('|'));
+        }
+        if (stmt)
+            sqlite3_reset(stmt);
+    }
+    return rows;
+}
+
 } // namespace Fixture
 
 Q_DECLARE_METATYPE(Fixture::Course)
-Q_DECLARE_METATYPE(Fixture::Minimums)

@@ -188,15 +188,8 @@ private slots:
         QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(courseId),
                  CGradingPolicyTable::WeightNone);
 
-        QList<double> stored(minima.size(), -1.0);
-        CGradingPolicyGradeTable rows;
-        rows.Open();
-        for (int ok = rows.MoveFirst(1); ok; ok = rows.MoveNext(1)) {
-            QCOMPARE(rows.GetCourseID(), courseId);
-            QVERIFY(rows.GetGrade() < stored.size());
-            stored[rows.GetGrade()] = rows.GetMinimumPercent();
-        }
-        QCOMPARE(stored, minima);
+        QCOMPARE(Records::Count("GradingPolicyGrade"), int(minima.size()));
+        QCOMPARE(StoredMinimums(courseId), minima);
     }
 
     void predictionGoesToTheStoreAndLeavesWithTheMode()

@@ -5,6 +5,7 @@
 // Faults tried and caught: a failed commit ignored by Save (OK closes the
 // dialog without a word: "new type record refused"); OK no longer discarding
 // an untouched new-type pane ("untouched new pane is no type").
+#include "GradingFixtures.h"
 #include "controls/NumericEdit.h"
 #include "grading/dialogs/CwTypeEditor.h"
 #include "grading/dialogs/GradingDlg.h"
@@ -21,32 +22,14 @@
 #include <QMenu>
 #include <QtTest>
 
-#include <sqlite3.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Every row of the policy tables as text, to prove that nothing was written.
 QStringList DumpPolicyTables()
 {
-    QStringList rows;
-    for (const char* table :
-         {"CwType", "CwTypeOrder", "GradingPolicy", "GradingPolicyGrade", "Coursework"}) {
-        rows << QString::fromLatin1(table);
-        sqlite3_stmt* stmt = CDataTable::GetMount()->Statement(QByteArray("SELECT * FROM ") +
-                                                               table + " ORDER BY id");
-        while (stmt && sqlite3_step(stmt) == SQLITE_ROW) {
-            QStringList columns;
-            for (int i = 0; i < sqlite3_column_count(stmt); ++i)
-                columns << QString::fromUtf8(
-                    reinterpret_cast<const char*>(sqlite3_column_text(stmt, i)));
-            rows << columns.join(QLatin1Char('|'));
-        }
-        if (stmt)
-            sqlite3_reset(stmt);
-    }
-    return rows;
+    return Fixture::DumpTables(
+        {"CwType", "CwTypeOrder", "GradingPolicy", "GradingPolicyGrade", "Coursework"});
 }
 
 quint32 TypeOf(quint32 courseworkId)
@@ -225,12 +208,7 @@ private slots:
         QCOMPARE(TypeOf(lab), homework);
         QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
                  CGradingPolicyTable::WeightByType);
-        CGradingPolicyGradeTable grades;
-        grades.Open(0);
-        QMap<quint16, double> minimums;
-        for (int ok = grades.MoveFirst(1); ok; ok = grades.MoveNext(1))
-            minimums[grades.GetGrade()] = grades.GetMinimumPercent();
-        QCOMPARE(minimums.values(), (QList<double>{90.0, 78.5}));
+        QCOMPARE(Fixture::StoredMinimums(course), (QList<double>{90.0, 78.5}));
     }
 
     void minimumPaneRefusesOutOfRange_data()
@@ -308,8 +286,7 @@ private slots:
         Records::MinimumPercent(course, 0, 90.0);
         const QStringList before = DumpPolicyTables();
         if (!refused.isEmpty())
-            QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + refused +
-                                                    " BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+            QVERIFY(Fixture::Refuse(refused));
 
         GradingDlg dialog(course, true);
         dialog.show();

@@ -1,6 +1,7 @@
 // The institution dialog: choosing a predefined scale, saving with the same
 // or a new grade count (minimums kept or rebuilt), the grade limits and the
 // past GPA; Cancel and a failed write change nothing.
+#include "GradingFixtures.h"
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"
 #include "grading/dialogs/InstitutionDlg.h"
@@ -35,25 +36,9 @@ QStringList StoredScale()
     return grades;
 }
 
-// A course's minimum percents in grade order.
-QList<double> Minimums(quint32 courseId)
-{
-    QMap<quint16, double> byGrade;
-    CGradingPolicyGradeTable table;
-    table.Open(0);
-    const CCeDBProp key(courseId);
-    table.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-        byGrade.insert(table.GetGrade(), table.GetMinimumPercent());
-    return byGrade.values();
-}
-
 quint32 CourseWithMinimums(const QString& name, const QList<double>& minimums, quint32 semester = 0)
 {
-    const quint32 course = Records::Course(name, semester);
-    for (qsizetype grade = 0; grade < minimums.size(); ++grade)
-        Records::MinimumPercent(course, static_cast<quint16>(grade), minimums[grade]);
-    return course;
+    return Fixture::GradedCourse(name, -1.0, 3.0, true, semester, minimums);
 }
 
 // Past hours, past points and the weighted flag.
@@ -130,7 +115,7 @@ private slots:
 
         // Updated in place, grade by grade.
         QCOMPARE(StoredScale(), (QStringList{u"0:B=3"_s, u"1:C=2"_s, u"2:F=0"_s, u"3:A+=4.3"_s}));
-        QCOMPARE(Minimums(course), minimums);
+        QCOMPARE(Fixture::StoredMinimums(course), minimums);
     }
     void saveWithNewCountRebuildsMinimums_data()
     {
@@ -175,8 +160,8 @@ private slots:
         for (int i = 0; i < grades; ++i)
             expected << u"%1:G%1=%2"_s.arg(i).arg(grades - i);
         QCOMPARE(StoredScale(), expected);
-        QCOMPARE(Minimums(working), after);
-        QCOMPARE(Minimums(archived), after);
+        QCOMPARE(Fixture::StoredMinimums(working), after);
+        QCOMPARE(Fixture::StoredMinimums(archived), after);
     }
     void scaleLimits()
     {
@@ -260,11 +245,11 @@ private slots:
         QFETCH(QByteArray, refused);
         QFETCH(QString, message);
 
-        const quint32 course = CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
-        const QStringList before = StoredScale();
+        CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
+        const QStringList before =
+            Fixture::DumpTables({"GradeScale", "GradingPolicyGrade", "GPAInfo"});
         if (!refused.isEmpty())
-            QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + refused +
-                                                    " BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+            QVERIFY(Fixture::Refuse(refused));
         InstitutionDlg dialog;
         dialog.ChooseScale(1); // two grades instead of four
         dialog.GpaPage()->HoursField()->setText(u"10"_s);
@@ -274,9 +259,7 @@ private slots:
 
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         QCOMPARE(answers.Texts(), QStringList{message});
-        QCOMPARE(StoredScale(), before);
-        QCOMPARE(Minimums(course), (QList<double>{90, 80, 70, 60}));
-        QCOMPARE(StoredGpaInfo().first(2), (QList<double>{0.0, 0.0}));
+        QCOMPARE(Fixture::DumpTables({"GradeScale", "GradingPolicyGrade", "GPAInfo"}), before);
     }
 };
 
