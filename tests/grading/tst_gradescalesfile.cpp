@@ -97,6 +97,9 @@ private slots:
             << QByteArray("99999999999999999999,S,88888888888,A,4") << QList<int>{1};
         QTest::newRow("count of digits beyond any double")
             << QByteArray(400, '9') + ",S,1,A,4" << QList<int>{1};
+        // Its points NaN, but one grade still.
+        QTest::newRow("decimals beyond any double")
+            << "1,S,1,A,1." + QByteArray(400, '5') << QList<int>{1};
     }
     void structure()
     {
@@ -113,7 +116,6 @@ private slots:
         // characters that matter to the parser so that they get deep into it.
         QRandomGenerator random(20240611);
         static const char alphabet[] = ",,,,0123456789-.\r\n";
-        const QByteArray shipped = "3,4.0,4,A,4.0,B,3.0,C,2.0,D,1.0,P,2,A+,4.3,A,4.0,Q,1,X,-0.5";
         for (int round = 0; round < 1000; ++round) {
             QByteArray bytes;
             const int length = random.bounded(0, round < 980 ? 120 : 20000);
@@ -130,17 +132,9 @@ private slots:
             // Every scale takes two fields and every grade two, after the count.
             QVERIFY(2 * (scales.size() + grades) < size_t(bytes.count(',') + 1));
         }
-        for (qsizetype cut = 0; cut <= shipped.size(); ++cut) {
-            const auto scales = ParseGradeScales(shipped.left(cut));
-            QVERIFY(scales.size() <= 3);
-            QCOMPARE(Describe(ParseGradeScales(shipped.left(cut) + "\r\n")), Describe(scales));
-        }
         // One field of a million digits, and of a million minus signs.
         QVERIFY(ParseGradeScales(QByteArray(1000000, '9')).empty());
         QVERIFY(ParseGradeScales(QByteArray(1000000, '-')).empty());
-        // Decimal parts too long for a double still give one grade (its points NaN).
-        const auto longPoints = ParseGradeScales("1,S,1,A,1." + QByteArray(400, '5'));
-        QVERIFY(longPoints.size() == 1 && longPoints[0].grades.size() == 1);
     }
 };
 
