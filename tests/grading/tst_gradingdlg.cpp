@@ -114,10 +114,7 @@ private slots:
         QFETCH(int, row);
         QFETCH(QString, texts);
 
-        QStringList names;
-        for (int i = 0; i < typeCount; ++i)
-            names << u"Type %1"_s.arg(i);
-        GradingDlg dialog(CourseWithTypes(names));
+        GradingDlg dialog(CourseWithTypes(QStringList(typeCount, u"Type"_s)));
         std::unique_ptr<QMenu> menu(dialog.BuildTypeMenu(row, nullptr));
         QStringList shown;
         for (const QAction* action : menu->actions())

@@ -1,6 +1,8 @@
 // The institution dialog: choosing a predefined scale, saving with the same
 // or a new grade count (minimums kept or rebuilt), the grade limits and the
 // past GPA; a refused or failed save changes nothing.
+//
+// Fault tried and caught: OK not writing the past points (saveWritesGpaInfo).
 #include "GradingFixtures.h"
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"

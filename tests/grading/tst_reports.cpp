@@ -5,8 +5,8 @@
 // menu, the progress report) and the grade bar's best and worst case. (The
 // planner's answers themselves: tst_gradeplanner.)
 //
-// Faults tried and caught: the chart stepping through every 20 % up to the
-// percent ("largest double" hangs); a NaN grade counted in the GPA ("0/0").
+// Faults tried and caught: the report card's row testing for -1 instead of any
+// score ("0/0", "infinite" show a percent).
 #include "GradingFixtures.h"
 #include "app/GradeBarText.h"
 #include "app/MainFrame.h"
