@@ -208,36 +208,9 @@ private slots:
         QCOMPARE(Fixture::StoredMinimums(course), (QList<double>{90.0, 78.5}));
     }
 
-    void minimumPaneRefusesOutOfRange_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("taken");
-
-        QTest::newRow("100") << u"100"_s << true;
-        QTest::newRow("100.01") << u"100.01"_s << false;
-        QTest::newRow("negative") << u"-1"_s << false;
-        QTest::newRow("empty") << QString() << false;
-    }
-    void minimumPaneRefusesOutOfRange()
-    {
-        QFETCH(QString, typed);
-        QFETCH(bool, taken);
-
-        const quint32 course = CourseWithTypes({u"Homework"_s});
-        Records::MinimumPercent(course, 0, 90.0);
-        GradingDlg dialog(course);
-        MessageAnswers answers;
-        dialog.EditMinimum(0);
-        TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), typed);
-        QCOMPARE(dialog.ApplyMinimumEdit(), taken);
-        const QString refused = u"The minimum percent must be a number from 0 to 100."_s;
-        QCOMPARE(answers.Texts(), taken ? QStringList() : QStringList{refused});
-        QCOMPARE(dialog.MinimumEntries().at(0).minimum, taken ? typed.toDouble() : 90.0);
-        QCOMPARE(dialog.EditingMinimumRow(), taken ? -1 : 0);
-    }
-
-    // OK takes in the open type pane, refuses it with a message or fails to
-    // write; a refused OK leaves the dialog open and the records as they were.
+    // OK takes in the open type or minimum pane, refuses it with a message or
+    // fails to write; a refused OK leaves the dialog open and the records as
+    // they were.
     void okStep_data()
     {
         QTest::addColumn<bool>("editFirst");     // else the new-type pane the dialog opens with
@@ -262,6 +235,11 @@ private slots:
         QTest::newRow("weight negative") << true << u"Essays|-0.5"_s << none << weight << homework;
         QTest::newRow("weight empty") << false << u"Labs||0"_s << none << weight << homework;
         QTest::newRow("drops 100") << false << u"Labs|1|100"_s << none << drops << homework;
+        const QString percent = u"The minimum percent must be a number from 0 to 100."_s;
+        QTest::newRow("minimum 100") << false << u"%100"_s << none << QString() << homework;
+        QTest::newRow("minimum 100.01") << false << u"%100.01"_s << none << percent << homework;
+        QTest::newRow("minimum negative") << false << u"%-1"_s << none << percent << homework;
+        QTest::newRow("minimum empty") << false << u"%"_s << none << percent << homework;
         QTest::newRow("drops empty") << true << u"Homework|1|"_s << none << drops << homework;
         // A failed write rolls every write of the OK back, with the store's reason.
         const QString notSaved = u"The change could not be saved (refused). Nothing was changed."_s;
@@ -290,7 +268,12 @@ private slots:
         dialog.SetWeighting(CGradingPolicyTable::WeightByType);
         if (editFirst)
             dialog.EditType(0);
-        FillTypePane(dialog, typed);
+        if (typed.startsWith(u'%')) {
+            dialog.EditMinimum(0);
+            TypeInto(dialog.GradingPage()->Editor()->PercentEdit(), typed.mid(1));
+        } else {
+            FillTypePane(dialog, typed);
+        }
         if (!refused.isEmpty()) {
             // Every kind of write happens: the type, its order row, a minimum.
             QVERIFY(dialog.ApplyTypeEdit());
@@ -305,6 +288,9 @@ private slots:
         QCOMPARE(answers.Texts(), saved ? QStringList() : QStringList{message});
         QCOMPARE(StoredTypes(course), types);
         QCOMPARE(Records::Count("CwType"), int(types.size()));
+        const bool minimum = saved && typed.startsWith(u'%');
+        QCOMPARE(Fixture::StoredMinimums(course),
+                 QList<double>{minimum ? typed.mid(1).toDouble() : 90.0});
         if (!saved)
             QCOMPARE(DumpPolicyTables(), before);
         else

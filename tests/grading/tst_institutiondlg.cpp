@@ -102,28 +102,15 @@ private slots:
         qputenv("BRINDLE_INSTALL_DIR", saved);
         QCOMPARE(bare.ScaleNames(), (QStringList{u"Current"_s, u"Custom"_s}));
     }
-    void saveWithSameCountKeepsMinimums()
-    {
-        const QList<double> minimums{93.0, 85.0, 71.5, 65.0};
-        const quint32 course = CourseWithMinimums(u"Art"_s, minimums);
-
-        InstitutionDlg dialog;
-        dialog.DeleteGrade(3);
-        QVERIFY(dialog.AddGrade({u"F"_s, 0.0}));
-        dialog.DeleteGrade(0);
-        QVERIFY(dialog.AddGrade({u"A+"_s, 4.3}));
-        QVERIFY(dialog.Save());
-
-        // Updated in place, grade by grade.
-        QCOMPARE(StoredScale(), (QStringList{u"0:B=3"_s, u"1:C=2"_s, u"2:F=0"_s, u"3:A+=4.3"_s}));
-        QCOMPARE(Fixture::StoredMinimums(course), minimums);
-    }
-    void saveWithNewCountRebuildsMinimums_data()
+    void saveKeepsOrRebuildsMinimums_data()
     {
         QTest::addColumn<QList<double>>("before");
         QTest::addColumn<int>("grades");
         QTest::addColumn<QList<double>>("after");
 
+        // Updated in place, grade by grade.
+        QTest::newRow("same count keeps them")
+            << QList<double>{93, 85, 71.5, 65} << 4 << QList<double>{93, 85, 71.5, 65};
         QTest::newRow("lowest 60, five grades")
             << QList<double>{90, 80, 70, 60} << 5 << QList<double>{92, 84, 76, 68, 60};
         QTest::newRow("lowest anywhere in the table")
@@ -132,13 +119,13 @@ private slots:
             << QList<double>{80, 55, 70} << 2 << QList<double>{77, 55};
         QTest::newRow("no minimums before") << QList<double>{} << 2 << QList<double>{100, 100};
     }
-    void saveWithNewCountRebuildsMinimums()
+    void saveKeepsOrRebuildsMinimums()
     {
         QFETCH(QList<double>, before);
         QFETCH(int, grades);
         QFETCH(QList<double>, after);
 
-        // Every row changes the count of four. Every course of every semester is rebuilt, archived
+        // Every course of every semester is rebuilt, archived
         // ones too.
         const quint32 working = CourseWithMinimums(u"Art"_s, before);
         const quint32 archived =
