@@ -5,9 +5,6 @@
 #include "support/Records.h"
 
 #include <QMetaType>
-#include <QStringList>
-
-#include <sqlite3.h>
 
 #include <vector>
 
@@ -93,27 +90,6 @@ inline bool Refuse(const QByteArray& step)
 {
     return CDataTable::GetMount()->Execute("CREATE TRIGGER Refuse BEFORE " + step +
                                            " BEGIN SELECT RAISE(ABORT, 'refused'); END");
-}
-
-// Every row of the tables as text, to prove that nothing was written.
-inline QStringList DumpTables(std::initializer_list<const char*> tables)
-{
-    QStringList rows;
-    for (const char* table : tables) {
-        rows << QString::fromLatin1(table);
-        sqlite3_stmt* stmt = CDataTable::GetMount()->Statement(QByteArray("SELECT * FROM ") +
-                                                               table + " ORDER BY id");
-        while (stmt && sqlite3_step(stmt) == SQLITE_ROW) {
-            QStringList columns;
-            for (int i = 0; i < sqlite3_column_count(stmt); ++i)
-                columns << QString::fromUtf8(
-                    reinterpret_cast<const char*>(sqlite3_column_text(stmt, i)));
-            rows << columns.join(QLatin1Char('|'));
-        }
-        if (stmt)
-            sqlite3_reset(stmt);
-    }
-    return rows;
 }
 
 } // namespace Fixture

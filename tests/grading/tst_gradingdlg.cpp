@@ -3,9 +3,10 @@
 // one transaction), Cancel and the policy warnings.
 //
 // Faults tried and caught: a failed commit ignored by Save (OK closes the
-// dialog without a word: "new type record refused"); OK no longer discarding
+// dialog without a word: "INSERT ON CwType refused"); OK no longer discarding
 // an untouched new-type pane ("untouched new pane is no type").
 #include "GradingFixtures.h"
+#include "editors/EditorRecords.h"
 #include "grading/dialogs/CwTypeEditor.h"
 #include "grading/dialogs/GradingDlg.h"
 #include "grading/dialogs/GradingDlgGradingPage.h"
@@ -24,12 +25,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QStringList DumpPolicyTables()
-{
-    return Fixture::DumpTables(
-        {"CwType", "CwTypeOrder", "GradingPolicy", "GradingPolicyGrade", "Coursework"});
-}
 
 quint32 TypeOf(quint32 courseworkId)
 {
@@ -166,7 +161,7 @@ private slots:
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         Records::MinimumPercent(course, 0, 90.0);
         Records::MinimumPercent(course, 1, 80.0);
-        const QStringList before = DumpPolicyTables();
+        const QStringList before = EditorRecords::DumpAll();
         auto edit = [](GradingDlg& dialog) {
             dialog.EditType(0);
             FillTypePane(dialog, u"Problem Sets|1.5|2"_s);
@@ -192,7 +187,7 @@ private slots:
             GradingDlg dialog(course);
             edit(dialog);
             dialog.reject();
-            QCOMPARE(DumpPolicyTables(), before);
+            QCOMPARE(EditorRecords::DumpAll(), before);
         }
         GradingDlg dialog(course);
         edit(dialog);
@@ -257,7 +252,7 @@ private slots:
         const quint32 course = CourseWithTypes({u"Homework"_s});
         Records::Policy(course, CGradingPolicyTable::WeightNone);
         Records::MinimumPercent(course, 0, 90.0);
-        const QStringList before = DumpPolicyTables();
+        const QStringList before = EditorRecords::DumpAll();
         if (!refused.isEmpty())
             QVERIFY(Fixture::Refuse(refused));
 
@@ -290,7 +285,7 @@ private slots:
         QCOMPARE(Fixture::StoredMinimums(course),
                  QList<double>{minimum ? typed.mid(1).toDouble() : 90.0});
         if (!saved)
-            QCOMPARE(DumpPolicyTables(), before);
+            QCOMPARE(EditorRecords::DumpAll(), before);
         else
             QCOMPARE(CGradingPolicyTable::GetWeightingFromCourseID(course),
                      CGradingPolicyTable::WeightByType);

@@ -6,6 +6,7 @@
 #include "GradingFixtures.h"
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"
+#include "editors/EditorRecords.h"
 #include "grading/dialogs/InstitutionDlg.h"
 #include "grading/dialogs/InstitutionDlgGpaPage.h"
 #include "store/BrindleData.h"
@@ -224,8 +225,7 @@ private slots:
         QFETCH(QString, message);
 
         CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
-        const QStringList before =
-            Fixture::DumpTables({"GradeScale", "GradingPolicyGrade", "GPAInfo"});
+        const QStringList before = EditorRecords::DumpAll();
         if (!refused.isEmpty())
             QVERIFY(Fixture::Refuse(refused));
         InstitutionDlg dialog;
@@ -237,7 +237,7 @@ private slots:
 
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         QCOMPARE(answers.Texts(), QStringList{message});
-        QCOMPARE(Fixture::DumpTables({"GradeScale", "GradingPolicyGrade", "GPAInfo"}), before);
+        QCOMPARE(EditorRecords::DumpAll(), before);
     }
 };
 

@@ -2,8 +2,8 @@
 // lines, a grade as every place shows it (under a comma locale, and a grade
 // that is not a number as no score), the report card's GPA lines, rows and
 // chart, and the grade planner dialog with where it is reached from (the Tools
-// menu, the progress report) and the grade bar's best and worst case. (The
-// planner's answers themselves: tst_gradeplanner.)
+// menu, the progress report), the grade bar's best and worst case and the GPA
+// bar after the institution's OK. (The planner's answers: tst_gradeplanner.)
 //
 // Faults tried and caught: the report card's row testing for -1 instead of any
 // score ("0/0", "infinite" show a percent).
