@@ -6,6 +6,7 @@
 // dialog without a word: "INSERT ON CwType refused"); OK no longer discarding
 // an untouched new-type pane ("untouched new pane is no type").
 #include "GradingFixtures.h"
+#include "controls/NumericEdit.h"
 #include "editors/EditorRecords.h"
 #include "grading/dialogs/CwTypeEditor.h"
 #include "grading/dialogs/GradingDlg.h"
