@@ -1,11 +1,19 @@
-// The record store: seeks, orders, deletes inside a walk, filters. (Names in
-// order without case: tst_database; record ids: tst_transactions.)
+// The record store: seeks, orders, deletes inside a walk, filters; and
+// transactions when something goes wrong: a commit another process blocks, a
+// step that fails, an inner scope that gives up; record ids across rollbacks
+// and restarts; what a long-lived table object writes back; read errors.
+// (Names in order without case: tst_database.)
+// Fault tried, and caught: CTransaction::Commit ignoring the result of COMMIT
+// (commitBlockedByAReaderRollsBackAndIsReported).
 #include "BrindleData.h"
 #include "Schema.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 
+#include <QRegularExpression>
 #include <QtTest>
+
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +34,20 @@ QList<quint32> Seek(Table& table, const Key& value, bool deleteEach = false)
     return ids;
 }
 
+quint32 NewBuilding(const QString& name)
+{
+    CBuildingTable building;
+    if (!building.Open() || !building.NewRecord(0))
+        return 0;
+    building.SetBuildingName(name);
+    return building.UpdateRecord() ? building.GetRecordID() : 0;
+}
+
+QRegularExpression SqliteError(const QString& pattern)
+{
+    return QRegularExpression(u"SQLite error \\d+ "_s + pattern);
+}
+
 } // namespace
 
 class TestRecordStore : public QObject
@@ -33,6 +55,13 @@ class TestRecordStore : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase()
+    {
+        // Another process's lock is waited for; a short wait keeps the test fast.
+        m_savedBusyTimeout = CCeMount::BusyTimeout();
+        CCeMount::SetBusyTimeout(100);
+    }
+    void cleanupTestCase() { CCeMount::SetBusyTimeout(m_savedBusyTimeout); }
     void init()
     {
         m_db = std::make_unique<TestDatabase>();
@@ -40,164 +69,303 @@ private slots:
     }
     void cleanup() { m_db.reset(); }
 
-    void seeksAndDeletesInsideAWalk();
-    void stringKeysSeekIgnoringCase_data();
-    void stringKeysSeekIgnoringCase();
-    void filterReadsOnlyListedPropertiesAndKeepsTheOthers();
-    void missingOrDeletedRecords();
-    void semesterCoursesFollowSignedPositions();
-    void everySortOrderOpensAndSeeks();
-    void nonFiniteNumbersAreStoredAsTheyAre();
+    void seeksAndDeletesInsideAWalk()
+    {
+        const quint32 keep = Records::Course(u"Keep"_s);
+        const quint32 drop = Records::Course(u"Drop"_s);
+        QList<quint32> made;
+        for (int i = 0; i < 4; ++i) {
+            made << Records::Coursework(drop, 0, u"d%1"_s.arg(i));
+            Records::Coursework(keep, 0, u"k%1"_s.arg(i));
+        }
+        CCourseworkTable table;
+        QVERIFY(table.Open(0));
+        QCOMPARE(Seek(table, drop), made); // equal keys in record id order
+        QVERIFY(Seek(table, quint32(4711)).isEmpty());
+        QCOMPARE(table.MoveNext(1), 0); // a seek without a match never positions
+
+        // Deleting the current record: MoveNext goes on with its follower.
+        QVERIFY(table.Open(1));
+        QCOMPARE(Seek(table, drop, true), made);
+        QVERIFY(Seek(table, drop).isEmpty());
+        QCOMPARE(Records::Count("Coursework"), 4);
+    }
+
+    void stringKeysSeekIgnoringCase_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("sought");
+        QTest::addColumn<bool>("found");
+        QTest::newRow("ascii case") << u"Calculus II"_s << u"CALCULUS ii"_s << true;
+        QTest::newRow("accented") << u"Études Françaises"_s << u"ÉTUDES FRANÇAISES"_s << true;
+        QTest::newRow("different") << u"Calculus II"_s << u"Calculus III"_s << false;
+        QTest::newRow("trailing blank differs") << u"Art"_s << u"Art "_s << false;
+    }
+
+    void stringKeysSeekIgnoringCase()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QString, sought);
+        QFETCH(bool, found);
+        const quint32 id = Records::Course(stored);
+        CCourseTable table;
+        QVERIFY(table.Open(0));
+        QCOMPARE(Seek(table, sought), found ? QList<quint32>{id} : QList<quint32>{});
+        const quint32 building = NewBuilding(stored);
+        QCOMPARE(CBuildingTable::GetBuildingIDFromName(sought), found ? building : 0u);
+    }
+
+    void filterReadsOnlyListedPropertiesAndKeepsTheOthers()
+    {
+        const quint32 course = Records::Course(u"Geology"_s, 0, 0.5);
+        CCourseTable table;
+        QVERIFY(table.Open() && table.MoveToRecord(course));
+        table.SetRoomNumber(u"B12"_s);
+        QVERIFY(table.UpdateRecord());
+        table.SetFilter(1, CCourseTable::PropCurrentGrade);
+        QVERIFY(table.MoveToRecord(course));
+        QCOMPARE(table.GetCurrentGrade(), 0.5);
+        QCOMPARE(table.GetRoomNumber(), QString()); // not read
+        table.SetCurrentGrade(0.75);
+        QVERIFY(table.UpdateRecord());
+
+        table.ClearFilter();
+        QVERIFY(table.MoveToRecord(course));
+        QCOMPARE(table.GetCurrentGrade(), 0.75);
+        QCOMPARE(table.GetRoomNumber(), u"B12"_s);
+        QCOMPARE(table.GetCourseName(), u"Geology"_s);
+    }
+
+    void missingOrDeletedRecords()
+    {
+        const quint32 course = Records::Course(u"Music"_s);
+        CCourseTable first;
+        CCourseTable second;
+        QVERIFY(first.Open() && second.Open());
+        for (quint32 unknown : {0u, 0xFFFFFFFFu, course + 1000})
+            QCOMPARE(first.MoveToRecord(unknown), 0);
+        QCOMPARE(CCourseTable::GetCourseNameFromID(course + 1000), QString());
+        QVERIFY(first.MoveToRecord(course) && second.MoveToRecord(course));
+        QVERIFY(first.DeleteRecord(0));
+        second.SetCourseName(u"Music II"_s);
+        QCOMPARE(second.UpdateRecord(), 0);
+        QCOMPARE(second.DeleteRecord(0), 0);
+    }
+
+    void semesterCoursesFollowSignedPositions()
+    {
+        // Positions 2, 0, 0, -1 (stored as 0xFFFF): -1 first, the two 0s in stored order.
+        const quint32 a = Records::Course(u"A"_s);
+        const quint32 b = Records::Course(u"B"_s);
+        const quint32 c = Records::Course(u"C"_s);
+        const quint32 d = Records::Course(u"D"_s);
+        const QHash<quint32, quint16> positions{{a, 2}, {b, 0}, {c, 0}, {d, 0xFFFF}};
+        CCourseOrderTable order;
+        QVERIFY(order.Open());
+        for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1)) {
+            order.SetCoursePosition(positions.value(order.GetCourseID()));
+            QVERIFY(order.UpdateRecord());
+        }
+        QCOMPARE(GetSemesterCourses(0), (std::vector<quint32>{d, b, c, a}));
+        QVERIFY(GetSemesterCourses(99).empty());
+    }
+
+    void everySortOrderOpensAndSeeks()
+    {
+        // A record of all-default properties in every table is found by a seek of
+        // its key in each sort order the table declares; an order it does not
+        // have cannot be opened.
+        for (const TableDef* def : BrindleSchema::AllTables()) {
+            CDataTable table(*def);
+            QVERIFY2(table.Open() && table.NewRecord(0) && table.UpdateRecord(), def->name);
+            const quint32 id = table.GetRecordID();
+            for (quint16 index = 0; index < def->sortOrders.size(); ++index) {
+                QVERIFY2(table.Open(index), def->name);
+                const int key = def->sortOrders[index];
+                CCeDBProp value;
+                if (key == RecordIdKey)
+                    value.SetUInt32(id);
+                else if (def->fields[key].type == FieldType::String)
+                    value.SetString(QString());
+                else
+                    value.SetUInt32(0);
+                table.SetSeekValue(&value, CDataTable::SeekValueEqual);
+                bool found = false;
+                for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
+                    found = found || table.GetRecordID() == id;
+                QVERIFY2(
+                    found,
+                    qPrintable(u"%1 order %2"_s.arg(QString::fromLatin1(def->name)).arg(index)));
+            }
+            QCOMPARE(table.Open(quint16(def->sortOrders.size())), 0);
+        }
+    }
+
+    void nonFiniteNumbersAreStoredAsTheyAre()
+    {
+        // A grade computed from a zero total is not a number; it is kept as computed.
+        for (double grade : {qQNaN(), qInf(), -qInf()}) {
+            CCourseTable table;
+            QVERIFY(table.Open() && table.MoveToRecord(Records::Course(u"Logic"_s, 0, grade)));
+            QCOMPARE(std::isnan(table.GetCurrentGrade()), std::isnan(grade));
+            if (!std::isnan(grade))
+                QCOMPARE(table.GetCurrentGrade(), grade);
+        }
+    }
+
+    void commitBlockedByAReaderRollsBackAndIsReported()
+    {
+        Records::Course(u"Kept"_s);
+        // Another program's connection, a reader in the middle of its
+        // transaction: COMMIT cannot get the file.
+        sqlite3* reader = nullptr;
+        QCOMPARE(sqlite3_open(m_db->Path().toUtf8().constData(), &reader), SQLITE_OK);
+        const std::unique_ptr<sqlite3, int (*)(sqlite3*)> closer(reader, sqlite3_close);
+        auto run = [reader](const char* sql) {
+            return sqlite3_exec(reader, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+        };
+        QVERIFY(run("BEGIN; SELECT count(*) FROM Course;"));
+        QTest::ignoreMessage(QtWarningMsg, SqliteError(u".*locked.* in: COMMIT"_s));
+        {
+            CTransaction transaction;
+            Records::Course(u"Lost"_s);
+            QCOMPARE(transaction.Commit(), 0);
+            QVERIFY2(CTransaction::LastFailure().contains(u"locked"_s),
+                     qPrintable(CTransaction::LastFailure()));
+        }
+        QVERIFY(sqlite3_get_autocommit(CDataTable::GetMount()->Handle()));
+        QVERIFY(run("COMMIT"));
+
+        // The next change is a transaction of its own, not part of a dead one.
+        {
+            CTransaction transaction;
+            Records::Course(u"Later"_s);
+            QVERIFY(transaction.Commit());
+        }
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(Records::Rows("SELECT CourseName FROM Course ORDER BY id"),
+                 (QStringList{u"Kept"_s, u"Later"_s}));
+        QCOMPARE(Records::Count("CourseOrder"), 2);
+    }
+
+    void aFailedPartFailsTheWhole_data()
+    {
+        QTest::addColumn<bool>("sqliteError"); // else an inner scope gives up
+        QTest::newRow("a step fails in SQLite") << true;
+        QTest::newRow("an inner scope ends without commit") << false;
+    }
+
+    void aFailedPartFailsTheWhole()
+    {
+        QFETCH(bool, sqliteError);
+        QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER RefuseTimes BEFORE INSERT ON Time "
+                                                "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+        CAppStateTable& state = CAppStateTable::Instance();
+        const int showDone = state.GetShowDone();
+        if (sqliteError)
+            QTest::ignoreMessage(QtWarningMsg, SqliteError(u"\\(refused\\)"_s));
+        {
+            CTransaction outer;
+            state.SetShowDone(showDone ? 0 : 1);
+            QVERIFY(state.UpdateRecord());
+            const quint32 course = Records::Course(u"Chemistry"_s);
+            {
+                CTransaction inner;
+                if (sqliteError) {
+                    CTimeTable time;
+                    QVERIFY(time.Open() && time.NewRecord(0));
+                    time.SetForeignRecordID(course);
+                    QCOMPARE(time.UpdateRecord(), 0);
+                    QCOMPARE(inner.Commit(), 0);
+                }
+            }
+            // Nothing more is written into a transaction that cannot land.
+            QCOMPARE(NewBuilding(u"Annex"_s), 0u);
+            QCOMPARE(outer.Commit(), 0);
+        }
+        QCOMPARE(CTransaction::LastFailure().contains(u"refused"_s), sqliteError);
+        QVERIFY(!CTransaction::LastFailure().isEmpty());
+        for (const char* table : {"Course", "CourseOrder", "Building"})
+            QVERIFY2(Records::Count(table) == 0, table);
+        // The state object forgets what the file did not keep.
+        QCOMPARE(state.GetShowDone(), showDone);
+        QVERIFY(m_db->Reopen());
+        QCOMPARE(CAppStateTable::Instance().GetShowDone(), showDone);
+    }
+
+    void longLivedObjectWritesOnlyWhatItSetSince()
+    {
+        CAppStateTable& state = CAppStateTable::Instance();
+        state.SetShowDone(1);
+        QVERIFY(state.UpdateRecord());
+        // Another writer changes what the state object wrote before.
+        CAppStateTable other;
+        QVERIFY(other.OpenState());
+        other.SetShowDone(0);
+        other.SetCurrentCourseID(77);
+        QVERIFY(other.UpdateRecord());
+
+        state.SetCurrentTabID(CViewTabTable::DueByTab);
+        QVERIFY(state.UpdateRecord());
+        QVERIFY(other.OpenState());
+        QCOMPARE(other.GetShowDone(), 0);
+        QCOMPARE(other.GetCurrentCourseID(), 77u);
+        QCOMPARE(other.GetCurrentTabID(), CViewTabTable::DueByTab);
+    }
+
+    void idsAreNeverHandedOutTwice_data()
+    {
+        QTest::addColumn<int>("records"); // written in the transaction rolled back
+        QTest::addColumn<bool>("restart");
+        QTest::newRow("one, rolled back") << 1 << false;
+        QTest::newRow("one, rolled back, restarted") << 1 << true;
+        QTest::newRow("more than one reservation, restarted") << 700 << true;
+    }
+
+    void idsAreNeverHandedOutTwice()
+    {
+        QFETCH(int, records);
+        QFETCH(bool, restart);
+        quint32 highest = NewBuilding(u"Library"_s);
+        {
+            CTransaction transaction;
+            for (int i = 0; i < records; ++i) {
+                const quint32 id = NewBuilding(u"Hall %1"_s.arg(i));
+                QVERIFY(id > highest);
+                highest = id;
+            }
+            transaction.Rollback();
+        }
+        QCOMPARE(Records::Count("Building"), 1);
+        if (restart)
+            QVERIFY(m_db->Reopen());
+        QVERIFY(NewBuilding(u"Gym"_s) > highest);
+    }
+
+    void readErrorIsNotAnEmptyRange()
+    {
+        const quint32 course = Records::Course(u"Botany"_s);
+        CTimeTable times;
+        QVERIFY(times.Open(0));
+        const CCeDBProp key(course);
+        times.SetSeekValue(&key, CDataTable::SeekValueEqual);
+        QCOMPARE(times.MoveFirst(1), 0);
+        QVERIFY(!times.ReadFailed()); // simply none
+
+        QVERIFY(CDataTable::GetMount()->Execute("DROP TABLE Time"));
+        // Logged with the result code, SQLite's words and the statement.
+        QTest::ignoreMessage(QtWarningMsg, SqliteError(u"\\(no such table: Time\\) in: SELECT"_s));
+        CTransaction transaction;
+        QCOMPARE(times.MoveFirst(1), 0);
+        QVERIFY(times.ReadFailed());
+        // A change built on a failed read does not land.
+        QCOMPARE(transaction.Commit(), 0);
+    }
 
 private:
     std::unique_ptr<TestDatabase> m_db;
+    int m_savedBusyTimeout = 0;
 };
-
-void TestRecordStore::seeksAndDeletesInsideAWalk()
-{
-    const quint32 keep = Records::Course(u"Keep"_s);
-    const quint32 drop = Records::Course(u"Drop"_s);
-    QList<quint32> made;
-    for (int i = 0; i < 4; ++i) {
-        made << Records::Coursework(drop, 0, u"d%1"_s.arg(i));
-        Records::Coursework(keep, 0, u"k%1"_s.arg(i));
-    }
-    CCourseworkTable table;
-    QVERIFY(table.Open(0));
-    QCOMPARE(Seek(table, drop), made); // equal keys in record id order
-    QVERIFY(Seek(table, quint32(4711)).isEmpty());
-    QCOMPARE(table.MoveNext(1), 0); // a seek without a match never positions
-
-    // Deleting the current record: MoveNext goes on with its follower.
-    QVERIFY(table.Open(1));
-    QCOMPARE(Seek(table, drop, true), made);
-    QVERIFY(Seek(table, drop).isEmpty());
-    QCOMPARE(Records::Count("Coursework"), 4);
-}
-
-void TestRecordStore::stringKeysSeekIgnoringCase_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("sought");
-    QTest::addColumn<bool>("found");
-    QTest::newRow("ascii case") << u"Calculus II"_s << u"CALCULUS ii"_s << true;
-    QTest::newRow("accented") << u"Études Françaises"_s << u"ÉTUDES FRANÇAISES"_s << true;
-    QTest::newRow("different") << u"Calculus II"_s << u"Calculus III"_s << false;
-    QTest::newRow("trailing blank differs") << u"Art"_s << u"Art "_s << false;
-}
-
-void TestRecordStore::stringKeysSeekIgnoringCase()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, sought);
-    QFETCH(bool, found);
-    const quint32 id = Records::Course(stored);
-    CCourseTable table;
-    QVERIFY(table.Open(0));
-    QCOMPARE(Seek(table, sought), found ? QList<quint32>{id} : QList<quint32>{});
-
-    CBuildingTable building;
-    QVERIFY(building.Open() && building.NewRecord(0));
-    building.SetBuildingName(stored);
-    QVERIFY(building.UpdateRecord());
-    QCOMPARE(CBuildingTable::GetBuildingIDFromName(sought), found ? building.GetRecordID() : 0u);
-}
-
-void TestRecordStore::filterReadsOnlyListedPropertiesAndKeepsTheOthers()
-{
-    const quint32 course = Records::Course(u"Geology"_s, 0, 0.5);
-    CCourseTable table;
-    QVERIFY(table.Open() && table.MoveToRecord(course));
-    table.SetRoomNumber(u"B12"_s);
-    QVERIFY(table.UpdateRecord());
-    table.SetFilter(1, CCourseTable::PropCurrentGrade);
-    QVERIFY(table.MoveToRecord(course));
-    QCOMPARE(table.GetCurrentGrade(), 0.5);
-    QCOMPARE(table.GetRoomNumber(), QString()); // not read
-    table.SetCurrentGrade(0.75);
-    QVERIFY(table.UpdateRecord());
-
-    table.ClearFilter();
-    QVERIFY(table.MoveToRecord(course));
-    QCOMPARE(table.GetCurrentGrade(), 0.75);
-    QCOMPARE(table.GetRoomNumber(), u"B12"_s);
-    QCOMPARE(table.GetCourseName(), u"Geology"_s);
-}
-
-void TestRecordStore::missingOrDeletedRecords()
-{
-    const quint32 course = Records::Course(u"Music"_s);
-    CCourseTable first;
-    CCourseTable second;
-    QVERIFY(first.Open() && second.Open());
-    for (quint32 unknown : {0u, 0xFFFFFFFFu, course + 1000})
-        QCOMPARE(first.MoveToRecord(unknown), 0);
-    QCOMPARE(CCourseTable::GetCourseNameFromID(course + 1000), QString());
-    QVERIFY(first.MoveToRecord(course) && second.MoveToRecord(course));
-    QVERIFY(first.DeleteRecord(0));
-    second.SetCourseName(u"Music II"_s);
-    QCOMPARE(second.UpdateRecord(), 0);
-    QCOMPARE(second.DeleteRecord(0), 0);
-}
-
-void TestRecordStore::semesterCoursesFollowSignedPositions()
-{
-    // Positions 2, 0, 0, -1 (stored as 0xFFFF): -1 first, the two 0s in stored order.
-    const quint32 a = Records::Course(u"A"_s);
-    const quint32 b = Records::Course(u"B"_s);
-    const quint32 c = Records::Course(u"C"_s);
-    const quint32 d = Records::Course(u"D"_s);
-    const QHash<quint32, quint16> positions{{a, 2}, {b, 0}, {c, 0}, {d, 0xFFFF}};
-    CCourseOrderTable order;
-    QVERIFY(order.Open());
-    for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1)) {
-        order.SetCoursePosition(positions.value(order.GetCourseID()));
-        QVERIFY(order.UpdateRecord());
-    }
-    QCOMPARE(GetSemesterCourses(0), (std::vector<quint32>{d, b, c, a}));
-    QVERIFY(GetSemesterCourses(99).empty());
-}
-
-void TestRecordStore::everySortOrderOpensAndSeeks()
-{
-    // A record of all-default properties in every table is found by a seek of
-    // its key in each sort order the table declares; an order it does not
-    // have cannot be opened.
-    for (const TableDef* def : BrindleSchema::AllTables()) {
-        CDataTable table(*def);
-        QVERIFY2(table.Open() && table.NewRecord(0) && table.UpdateRecord(), def->name);
-        const quint32 id = table.GetRecordID();
-        for (quint16 index = 0; index < def->sortOrders.size(); ++index) {
-            QVERIFY2(table.Open(index), def->name);
-            const int key = def->sortOrders[index];
-            CCeDBProp value;
-            if (key == RecordIdKey)
-                value.SetUInt32(id);
-            else if (def->fields[key].type == FieldType::String)
-                value.SetString(QString());
-            else
-                value.SetUInt32(0);
-            table.SetSeekValue(&value, CDataTable::SeekValueEqual);
-            bool found = false;
-            for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-                found = found || table.GetRecordID() == id;
-            QVERIFY2(found, qPrintable(u"%1 order %2"_s.arg(QString::fromLatin1(def->name)).arg(index)));
-        }
-        QCOMPARE(table.Open(quint16(def->sortOrders.size())), 0);
-    }
-}
-
-void TestRecordStore::nonFiniteNumbersAreStoredAsTheyAre()
-{
-    // A grade computed from a zero total is not a number; it is kept as computed.
-    for (double grade : {qQNaN(), qInf(), -qInf()}) {
-        CCourseTable table;
-        QVERIFY(table.Open() && table.MoveToRecord(Records::Course(u"Logic"_s, 0, grade)));
-        QCOMPARE(std::isnan(table.GetCurrentGrade()), std::isnan(grade));
-        if (!std::isnan(grade))
-            QCOMPARE(table.GetCurrentGrade(), grade);
-    }
-}
 
 QTEST_GUILESS_MAIN(TestRecordStore)
 #include "tst_recordstore.moc"

@@ -28,11 +28,6 @@ struct WrappedFile
     sqlite3_file* real;
 };
 
-sqlite3_file* Real(sqlite3_file* file)
-{
-    return reinterpret_cast<WrappedFile*>(file)->real;
-}
-
 bool ShouldFail(Operation operation)
 {
     if (!g_state.armed || g_state.operation != operation)
@@ -43,75 +38,24 @@ bool ShouldFail(Operation operation)
     return fail;
 }
 
-int Close(sqlite3_file* file)
+// A file method that passes the call on to the real file.
+template <auto Method, typename... Args> auto Forward(sqlite3_file* file, Args... args)
 {
-    return Real(file)->pMethods->xClose(Real(file));
+    sqlite3_file* real = reinterpret_cast<WrappedFile*>(file)->real;
+    return (real->pMethods->*Method)(real, args...);
 }
-int Read(sqlite3_file* file, void* buffer, int amount, sqlite3_int64 offset)
+
+// A file method that fails with `error` when the armed fault is due.
+template <auto Method, Operation operation, int error, typename... Args>
+int FailOr(sqlite3_file* file, Args... args)
 {
-    return Real(file)->pMethods->xRead(Real(file), buffer, amount, offset);
+    return ShouldFail(operation) ? error : Forward<Method>(file, args...);
 }
-int Write(sqlite3_file* file, const void* buffer, int amount, sqlite3_int64 offset)
+
+// A VFS method that passes the call on to the system's own VFS.
+template <auto Method, typename... Args> int ForwardVfs(sqlite3_vfs*, Args... args)
 {
-    if (ShouldFail(Operation::Write))
-        return SQLITE_FULL;
-    return Real(file)->pMethods->xWrite(Real(file), buffer, amount, offset);
-}
-int Truncate(sqlite3_file* file, sqlite3_int64 size)
-{
-    if (ShouldFail(Operation::Truncate))
-        return SQLITE_IOERR_TRUNCATE;
-    return Real(file)->pMethods->xTruncate(Real(file), size);
-}
-int Sync(sqlite3_file* file, int flags)
-{
-    if (ShouldFail(Operation::Sync))
-        return SQLITE_IOERR_FSYNC;
-    return Real(file)->pMethods->xSync(Real(file), flags);
-}
-int FileSize(sqlite3_file* file, sqlite3_int64* size)
-{
-    return Real(file)->pMethods->xFileSize(Real(file), size);
-}
-int Lock(sqlite3_file* file, int level)
-{
-    return Real(file)->pMethods->xLock(Real(file), level);
-}
-int Unlock(sqlite3_file* file, int level)
-{
-    return Real(file)->pMethods->xUnlock(Real(file), level);
-}
-int CheckReservedLock(sqlite3_file* file, int* result)
-{
-    return Real(file)->pMethods->xCheckReservedLock(Real(file), result);
-}
-int FileControl(sqlite3_file* file, int op, void* argument)
-{
-    return Real(file)->pMethods->xFileControl(Real(file), op, argument);
-}
-int SectorSize(sqlite3_file* file)
-{
-    return Real(file)->pMethods->xSectorSize(Real(file));
-}
-int DeviceCharacteristics(sqlite3_file* file)
-{
-    return Real(file)->pMethods->xDeviceCharacteristics(Real(file));
-}
-int ShmMap(sqlite3_file* file, int region, int size, int extend, void volatile** memory)
-{
-    return Real(file)->pMethods->xShmMap(Real(file), region, size, extend, memory);
-}
-int ShmLock(sqlite3_file* file, int offset, int n, int flags)
-{
-    return Real(file)->pMethods->xShmLock(Real(file), offset, n, flags);
-}
-void ShmBarrier(sqlite3_file* file)
-{
-    Real(file)->pMethods->xShmBarrier(Real(file));
-}
-int ShmUnmap(sqlite3_file* file, int deleteFlag)
-{
-    return Real(file)->pMethods->xShmUnmap(Real(file), deleteFlag);
+    return (g_real->*Method)(g_real, args...);
 }
 
 int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags)
@@ -123,38 +67,6 @@ int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
     wrapped->base.pMethods = wrapped->real->pMethods ? &g_methods : nullptr;
     return resultCode;
 }
-int Delete(sqlite3_vfs*, const char* name, int syncDir)
-{
-    return g_real->xDelete(g_real, name, syncDir);
-}
-int Access(sqlite3_vfs*, const char* name, int flags, int* result)
-{
-    return g_real->xAccess(g_real, name, flags, result);
-}
-int FullPathname(sqlite3_vfs*, const char* name, int size, char* out)
-{
-    return g_real->xFullPathname(g_real, name, size, out);
-}
-int Randomness(sqlite3_vfs*, int size, char* out)
-{
-    return g_real->xRandomness(g_real, size, out);
-}
-int Sleep(sqlite3_vfs*, int microseconds)
-{
-    return g_real->xSleep(g_real, microseconds);
-}
-int CurrentTime(sqlite3_vfs*, double* now)
-{
-    return g_real->xCurrentTime(g_real, now);
-}
-int GetLastError(sqlite3_vfs*, int size, char* out)
-{
-    return g_real->xGetLastError(g_real, size, out);
-}
-int CurrentTimeInt64(sqlite3_vfs*, sqlite3_int64* now)
-{
-    return g_real->xCurrentTimeInt64(g_real, now);
-}
 
 } // namespace
 
@@ -163,24 +75,25 @@ void Install()
     if (g_real)
         return;
     g_real = sqlite3_vfs_find(nullptr);
+    using M = sqlite3_io_methods;
     g_methods = {};
     g_methods.iVersion = 2; // with shared memory, without memory mapping
-    g_methods.xClose = Close;
-    g_methods.xRead = Read;
-    g_methods.xWrite = Write;
-    g_methods.xTruncate = Truncate;
-    g_methods.xSync = Sync;
-    g_methods.xFileSize = FileSize;
-    g_methods.xLock = Lock;
-    g_methods.xUnlock = Unlock;
-    g_methods.xCheckReservedLock = CheckReservedLock;
-    g_methods.xFileControl = FileControl;
-    g_methods.xSectorSize = SectorSize;
-    g_methods.xDeviceCharacteristics = DeviceCharacteristics;
-    g_methods.xShmMap = ShmMap;
-    g_methods.xShmLock = ShmLock;
-    g_methods.xShmBarrier = ShmBarrier;
-    g_methods.xShmUnmap = ShmUnmap;
+    g_methods.xClose = Forward<&M::xClose>;
+    g_methods.xRead = Forward<&M::xRead>;
+    g_methods.xWrite = FailOr<&M::xWrite, Operation::Write, SQLITE_FULL>;
+    g_methods.xTruncate = FailOr<&M::xTruncate, Operation::Truncate, SQLITE_IOERR_TRUNCATE>;
+    g_methods.xSync = FailOr<&M::xSync, Operation::Sync, SQLITE_IOERR_FSYNC>;
+    g_methods.xFileSize = Forward<&M::xFileSize>;
+    g_methods.xLock = Forward<&M::xLock>;
+    g_methods.xUnlock = Forward<&M::xUnlock>;
+    g_methods.xCheckReservedLock = Forward<&M::xCheckReservedLock>;
+    g_methods.xFileControl = Forward<&M::xFileControl>;
+    g_methods.xSectorSize = Forward<&M::xSectorSize>;
+    g_methods.xDeviceCharacteristics = Forward<&M::xDeviceCharacteristics>;
+    g_methods.xShmMap = Forward<&M::xShmMap>;
+    g_methods.xShmLock = Forward<&M::xShmLock>;
+    g_methods.xShmBarrier = Forward<&M::xShmBarrier>;
+    g_methods.xShmUnmap = Forward<&M::xShmUnmap>;
 
     g_vfs = {};
     g_vfs.iVersion = 2;
@@ -188,14 +101,14 @@ void Install()
     g_vfs.mxPathname = g_real->mxPathname;
     g_vfs.zName = "brindle-failing";
     g_vfs.xOpen = Open;
-    g_vfs.xDelete = Delete;
-    g_vfs.xAccess = Access;
-    g_vfs.xFullPathname = FullPathname;
-    g_vfs.xRandomness = Randomness;
-    g_vfs.xSleep = Sleep;
-    g_vfs.xCurrentTime = CurrentTime;
-    g_vfs.xGetLastError = GetLastError;
-    g_vfs.xCurrentTimeInt64 = CurrentTimeInt64;
+    g_vfs.xDelete = ForwardVfs<&sqlite3_vfs::xDelete>;
+    g_vfs.xAccess = ForwardVfs<&sqlite3_vfs::xAccess>;
+    g_vfs.xFullPathname = ForwardVfs<&sqlite3_vfs::xFullPathname>;
+    g_vfs.xRandomness = ForwardVfs<&sqlite3_vfs::xRandomness>;
+    g_vfs.xSleep = ForwardVfs<&sqlite3_vfs::xSleep>;
+    g_vfs.xCurrentTime = ForwardVfs<&sqlite3_vfs::xCurrentTime>;
+    g_vfs.xGetLastError = ForwardVfs<&sqlite3_vfs::xGetLastError>;
+    g_vfs.xCurrentTimeInt64 = ForwardVfs<&sqlite3_vfs::xCurrentTimeInt64>;
     sqlite3_vfs_register(&g_vfs, 1);
 }
 

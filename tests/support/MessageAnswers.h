@@ -21,7 +21,3 @@ private:
     QMessageBox::StandardButton m_fallback;
     QStringList m_texts;
 };
-
-// Runs the action on the next modal widget that opens, from the event loop,
-// for the few exec() calls a test goes through.
-void OnNextModal(std::function<void(QWidget* modal)> action);

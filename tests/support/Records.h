@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 // Small builders of records for tests; each writes one record (and what it
 // needs to be found) and returns its id.
@@ -19,5 +19,7 @@ quint32 Semester(const QString& name);
 
 // How many records a table holds, by its SQL name.
 int Count(const char* table);
+// The rows an SQL query on the mounted database gives, columns joined by '|'.
+QStringList Rows(const char* sql);
 
 } // namespace Records
