@@ -274,33 +274,6 @@ private slots:
         QCOMPARE(SemesterOfCourses().value(m_math), WorkingSemesterID);
     }
 
-    void semesterCommandRefreshesTheView()
-    {
-        State().SetCurrentCourseID(m_art);
-        CMainFrame frame;
-        QAction* semester = frame.findChild<QAction*>(u"actionSemester"_s);
-        QVERIFY(semester && semester->isEnabled());
-        DialogRunner::SetHook([](QDialog& dialog) {
-            auto* semesters = qobject_cast<SemesterDlg*>(&dialog);
-            if (!semesters)
-                return int(QDialog::Rejected);
-            semesters->SelectRow(0);
-            semesters->ViewOldSemester();
-            return semesters->result();
-        });
-        semester->trigger();
-        QCOMPARE(State().GetCurrentSemesterID(), m_fall);
-        QCOMPARE(State().GetCurrentCourseID(), AllCoursesID);
-        QVERIFY(!frame.View()->Banner()->isHidden());
-        QCOMPARE(frame.View()->CourseSelector()->itemText(1), u"Latin"_s);
-        QVERIFY(!frame.findChild<QAction*>(u"actionTogglePrediction"_s)->isEnabled());
-
-        // The banner's exit goes back to the working semester.
-        frame.OnBannerCommand();
-        QCOMPARE(State().GetCurrentSemesterID(), WorkingSemesterID);
-        QCOMPARE(frame.View()->CourseSelector()->count(), 4);
-    }
-
     void courseOrder_data()
     {
         QTest::addColumn<int>("selected");
@@ -359,11 +332,17 @@ private slots:
         }
     }
 
-    void orderCommandsShowTheNewOrder()
+    void commandsRefreshTheMainView()
     {
+        State().SetCurrentCourseID(m_art);
         State().SetCurrentTabID(CViewTabTable::PastDueTab);
         CMainFrame frame;
         DialogRunner::SetHook([](QDialog& dialog) {
+            if (auto* semesters = qobject_cast<SemesterDlg*>(&dialog)) {
+                semesters->SelectRow(0);
+                semesters->ViewOldSemester();
+                return semesters->result();
+            }
             auto* order = qobject_cast<OrderListDlg*>(&dialog);
             order->SelectRow(0);
             order->MoveDown();
@@ -372,11 +351,13 @@ private slots:
             order->accept();
             return order->result();
         });
-        for (const char* name : {"actionSortCourses", "actionTabOrder"}) {
+        auto trigger = [&frame](const char* name) {
             QAction* action = frame.findChild<QAction*>(QString::fromLatin1(name));
             QVERIFY(action && action->isEnabled());
             action->trigger();
-        }
+        };
+        trigger("actionSortCourses");
+        trigger("actionTabOrder");
         QComboBox* selector = frame.View()->CourseSelector();
         QCOMPARE(selector->itemText(1), u"Art"_s);
         QCOMPARE(selector->itemText(2), u"Math"_s);
@@ -388,6 +369,17 @@ private slots:
         QCOMPARE(tabs->currentIndex(), 0);
         QVERIFY(m_db->Reopen());
         QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
+
+        trigger("actionSemester");
+        QCOMPARE(State().GetCurrentSemesterID(), m_fall);
+        QCOMPARE(State().GetCurrentCourseID(), AllCoursesID);
+        QVERIFY(!frame.View()->Banner()->isHidden());
+        QCOMPARE(selector->itemText(1), u"Latin"_s);
+        QVERIFY(!frame.findChild<QAction*>(u"actionTogglePrediction"_s)->isEnabled());
+        // The banner's exit goes back to the working semester.
+        frame.OnBannerCommand();
+        QCOMPARE(State().GetCurrentSemesterID(), WorkingSemesterID);
+        QCOMPARE(selector->count(), 4);
     }
 };
 

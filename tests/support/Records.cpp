@@ -42,16 +42,9 @@ quint32 CwType(quint32 courseId, const QString& name, double weight, quint16 dro
         type.SetWeight(weight);
         type.SetDrops(drops);
     });
-    if (position < 0) {
-        // After the course's other types.
-        CCwTypeOrderTable order;
-        order.Open(1);
-        const CCeDBProp key(courseId);
-        order.SetSeekValue(&key, CDataTable::SeekValueEqual);
-        position = 0;
-        for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1))
-            ++position;
-    }
+    if (position < 0) // after the course's other types
+        position = qint16(CDataTable::GetMount()->Scalar(
+            "SELECT count(*) FROM CwTypeOrder WHERE CourseID = " + QByteArray::number(courseId)));
     Write<CCwTypeOrderTable>([&](CCwTypeOrderTable& order) {
         order.SetCourseID(courseId);
         order.SetCwTypeID(id);

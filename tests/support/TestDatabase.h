@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "BrindleData.h"
+#include "res/Resources.h"
+
 #include <QTemporaryDir>
 
 // A fresh Brindle database in its own temporary folder, mounted, with its
@@ -8,8 +10,19 @@
 class TestDatabase
 {
 public:
-    TestDatabase();
-    ~TestDatabase();
+    TestDatabase()
+    {
+        InitBrindleResources();
+        m_path = m_dir.filePath(QStringLiteral("Brindle.db"));
+        SetDatabasePath(m_path);
+        m_ready = m_dir.isValid() && Reopen();
+    }
+    ~TestDatabase()
+    {
+        CAppStateTable::Instance().Close();
+        CDataTable::GetMount()->Unmount();
+        SetDatabasePath(QString());
+    }
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;
 
@@ -18,7 +31,14 @@ public:
     QString Folder() const { return m_dir.path(); }
 
     // Unmounts and mounts the same file again, as a restart would.
-    bool Reopen();
+    bool Reopen()
+    {
+        CAppStateTable::Instance().Close();
+        CCeMount* mount = CDataTable::GetMount();
+        mount->Unmount();
+        return mount->MountPath(m_path) && CreateDatabase() &&
+               CAppStateTable::Instance().OpenState();
+    }
 
 private:
     QTemporaryDir m_dir;
