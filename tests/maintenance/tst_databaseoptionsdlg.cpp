@@ -5,8 +5,11 @@
 // back; restoring the database onto itself loses nothing. While the dialog is
 // open the database is let go of, and the Today switch is off; closing takes
 // both back. Clear removes the courses and nothing else.
-// Fault tried, and caught: DatabaseClear committing each course's removal on
-// its own (clear, "refused part-way" row).
+// Faults tried, each caught: DatabaseClear committing each course's removal on
+// its own (clear, "refused part-way"); the file check without its newer-schema
+// test (failedRestore..., "newer schema"); a restore whose mount fails not
+// putting ".db2" back ("tables cannot be made"); closing the dialog switching
+// Today on whatever it was before (todaySwitch, "off" and "no switch").
 #include "BrindleData.h"
 #include "store/Clock.h"
 #include "app/MainFrame.h"

@@ -3,6 +3,7 @@
 // one transaction, "View Old Semester"), "Course Order" and "Tab Order"
 // (positions rewritten from 0 on OK only, the tabs' visibility), and the main
 // view after their commands. A failed write leaves everything whole.
+// Fault tried, and caught: Course Order rewriting positions from 1 (courseOrder).
 #include "BrindleData.h"
 #include "store/Clock.h"
 #include "app/MainFrame.h"

@@ -7,7 +7,9 @@
 // Faults tried, each caught: CTransaction::Commit ignoring the result of
 // COMMIT (commitBlockedByAReaderRollsBackAndIsReported); the version 1 indexes
 // left under the old collation (versionOneFileIsUpgradedInPlace); ToDate
-// without its range check (dateEncoding, the rows outside the window).
+// without its range check (dateEncoding, the rows outside the window); ids of a
+// file without an id sequence starting from 0 (versionOneFileIsUpgradedInPlace);
+// course positions read unsigned (semesterCoursesFollowSignedPositions).
 #include "BrindleData.h"
 #include "Schema.h"
 #include "support/DatabaseFiles.h"
