@@ -101,7 +101,7 @@ int Count(const char* table)
     return count;
 }
 
-QStringList Rows(const char* sql)
+QStringList Rows(const QByteArray& sql)
 {
     sqlite3_stmt* stmt = CDataTable::GetMount()->Statement(sql);
     const QStringList rows = DatabaseFiles::StepRows(stmt);

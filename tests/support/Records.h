@@ -20,6 +20,6 @@ quint32 Semester(const QString& name);
 // How many records a table holds, by its SQL name.
 int Count(const char* table);
 // The rows an SQL query on the mounted database gives, columns joined by '|'.
-QStringList Rows(const char* sql);
+QStringList Rows(const QByteArray& sql);
 
 } // namespace Records
