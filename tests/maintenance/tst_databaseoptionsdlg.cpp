@@ -118,12 +118,6 @@ private slots:
         DatabaseTest::cleanup();
     }
 
-    void suggestedBackupName()
-    {
-        QCOMPARE(DatabaseBackup::SuggestedName(QDate(2005, 7, 4)), u"Brindle 7-4-2005.db"_s);
-        QCOMPARE(DatabaseBackup::SuggestedName(QDate(987, 12, 31)), u"Brindle 12-31-987.db"_s);
-    }
-
     void backupHoldsTheSameRecords()
     {
         const quint32 course = Records::Course(u"Geology"_s);
@@ -349,6 +343,8 @@ private slots:
         const BrindleFileDialog::Request& request = files.Requests().constLast();
         QCOMPARE(request.kind, BrindleFileDialog::Request::Save);
         QCOMPARE(request.suggestedName, u"Brindle 1-1-2006.db"_s);
+        QCOMPARE(DatabaseBackup::SuggestedName(QDate(2005, 7, 4)), u"Brindle 7-4-2005.db"_s);
+        QCOMPARE(DatabaseBackup::SuggestedName(QDate(987, 12, 31)), u"Brindle 12-31-987.db"_s);
         QCOMPARE(request.defaultSuffix, u"db"_s);
         QCOMPARE(messages.Texts(), QStringList({u"The database has been backed up"_s}));
         QCOMPARE(Rows(backup, "SELECT CourseName FROM Course"), QStringList{u"Old Course"_s});
