@@ -84,25 +84,6 @@ class TestDatabaseOptionsDlg : public DatabaseTest
         return Beside(name);
     }
 
-    // The database's bytes before a failing step, and a check that they are
-    // still there, unchanged, that nothing was left beside them, and that
-    // Brindle opens them.
-    QByteArray m_oldHash;
-    void KeepOldDatabase()
-    {
-        DatabaseVolume::Release();
-        m_oldHash = Hash(m_db->Path());
-        QVERIFY(!m_oldHash.isEmpty());
-    }
-    void VerifyOldDatabase()
-    {
-        QCOMPARE(Hash(m_db->Path()), m_oldHash);
-        QVERIFY(!QFileInfo::exists(DatabaseRestore::AsidePath(m_db->Path())));
-        QVERIFY(!QFileInfo::exists(m_db->Path() + u".tmp"_s));
-        QVERIFY(DatabaseVolume::Reopen().ok);
-        QCOMPARE(Records::Rows("SELECT CourseName FROM Course"), QStringList{u"Old Course"_s});
-    }
-
 private slots:
     void init()
     {
@@ -246,7 +227,9 @@ private slots:
                 QFile::setPermissions(m_db->Folder(),
                                       QFileDevice::ReadOwner | QFileDevice::ExeOwner);
         }
-        KeepOldDatabase();
+        DatabaseVolume::Release();
+        const QByteArray old = Hash(m_db->Path());
+        QVERIFY(!old.isEmpty());
 
         const MaintenanceResult result = DatabaseRestore::Restore(chosen);
         QFile::setPermissions(m_db->Folder(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
@@ -259,7 +242,12 @@ private slots:
             QCOMPARE(Read(standing), QByteArray("not Brindle's"));
             QVERIFY(QFile::remove(standing));
         }
-        VerifyOldDatabase();
+        // The old database's bytes unchanged, nothing left beside them, and
+        // Brindle opens them.
+        QCOMPARE(Hash(m_db->Path()), old);
+        QVERIFY(!QFileInfo::exists(aside) && !QFileInfo::exists(temporary));
+        QVERIFY(DatabaseVolume::Reopen().ok);
+        QCOMPARE(Records::Rows("SELECT CourseName FROM Course"), QStringList{u"Old Course"_s});
     }
 
     void restoringTheDatabaseItself_data()
