@@ -104,21 +104,35 @@ private slots:
         const quint32 course = Records::Course(u"Geology"_s);
         Records::Coursework(course, Records::CwType(course, u"Lab"_s), u"Core samples"_s, 8, 10);
         Records::Semester(u"Spring 2025"_s);
-        DatabaseVolume::Release();
         // An older backup of the same name is replaced; the user asked for it.
         const QString target = Beside(u"Brindle 1-1-2006.db"_s);
         QVERIFY(Write(target, "an older backup"));
         QVERIFY(QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                                   QFileDevice::ReadOther));
-
-        const MaintenanceResult result = DatabaseBackup::Backup(m_db->Path(), target);
-        QVERIFY2(result.ok, qPrintable(result.reason));
+        DatabaseOptionsDlg dialog;
+        FileAnswers files({QString(), target, target});
+        MessageAnswers messages;
+        QVERIFY(!dialog.OnBackup()); // cancelled
+        QVERIFY(messages.Texts().isEmpty() && Read(target) == "an older backup");
+        QVERIFY(dialog.OnBackup());
+        const BrindleFileDialog::Request& request = files.Requests().constLast();
+        QCOMPARE(request.kind, BrindleFileDialog::Request::Save);
+        QCOMPARE(request.suggestedName, u"Brindle 1-1-2006.db"_s);
+        QCOMPARE(DatabaseBackup::SuggestedName(QDate(2005, 7, 4)), u"Brindle 7-4-2005.db"_s);
+        QCOMPARE(DatabaseBackup::SuggestedName(QDate(987, 12, 31)), u"Brindle 12-31-987.db"_s);
+        QCOMPARE(request.defaultSuffix, u"db"_s);
+        QCOMPARE(messages.Texts(), QStringList({u"The database has been backed up"_s}));
         QCOMPARE(Dump(target), Dump(m_db->Path()));
         QVERIFY(Dump(target).join(u'\n').contains(u"Core samples"_s));
         QCOMPARE(QFileInfo(target).permissions(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                                       QFileDevice::ReadUser |
                                                       QFileDevice::WriteUser);
         QVERIFY(!QFileInfo::exists(target + u".tmp"_s));
+        // A copy that cannot be proven is not called a backup.
+        QVERIFY(Write(target + u".tmp"_s, "in the way"));
+        QVERIFY(!dialog.OnBackup());
+        QVERIFY2(messages.Texts().constLast().contains(target + u".tmp"_s),
+                 qPrintable(messages.Texts().constLast()));
         // Brindle itself opens the copy.
         SetDatabasePath(target);
         QVERIFY(DatabaseVolume::Reopen().ok);
@@ -317,30 +331,6 @@ private slots:
             QVERIFY(!dialog.DatabaseChanged());
         }
         QCOMPARE(QFileInfo::exists(SettingsFile()), before.isValid());
-    }
-
-    void backupFromTheDialog()
-    {
-        const QString backup = Beside(u"Brindle 1-1-2006.db"_s);
-        DatabaseOptionsDlg dialog;
-        FileAnswers files({QString(), backup, backup});
-        MessageAnswers messages;
-        QVERIFY(!dialog.OnBackup()); // cancelled
-        QVERIFY(messages.Texts().isEmpty() && !QFileInfo::exists(backup));
-        QVERIFY(dialog.OnBackup());
-        const BrindleFileDialog::Request& request = files.Requests().constLast();
-        QCOMPARE(request.kind, BrindleFileDialog::Request::Save);
-        QCOMPARE(request.suggestedName, u"Brindle 1-1-2006.db"_s);
-        QCOMPARE(DatabaseBackup::SuggestedName(QDate(2005, 7, 4)), u"Brindle 7-4-2005.db"_s);
-        QCOMPARE(DatabaseBackup::SuggestedName(QDate(987, 12, 31)), u"Brindle 12-31-987.db"_s);
-        QCOMPARE(request.defaultSuffix, u"db"_s);
-        QCOMPARE(messages.Texts(), QStringList({u"The database has been backed up"_s}));
-        QCOMPARE(Rows(backup, "SELECT CourseName FROM Course"), QStringList{u"Old Course"_s});
-        // A copy that cannot be proven is not called a backup.
-        QVERIFY(Write(backup + u".tmp"_s, "in the way"));
-        QVERIFY(!dialog.OnBackup());
-        QVERIFY2(messages.Texts().constLast().contains(backup + u".tmp"_s),
-                 qPrintable(messages.Texts().constLast()));
     }
 
     void clear_data()
