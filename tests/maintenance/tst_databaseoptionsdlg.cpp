@@ -11,7 +11,6 @@
 // putting ".db2" back ("tables cannot be made"); closing the dialog switching
 // Today on whatever it was before (todaySwitch, "off" and "no switch").
 #include "BrindleData.h"
-#include "store/Clock.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
 #include "controls/FileDialog.h"
@@ -19,6 +18,7 @@
 #include "maintenance/DatabaseOptionsDlg.h"
 #include "maintenance/DatabaseRestore.h"
 #include "maintenance/DatabaseVolume.h"
+#include "store/Clock.h"
 #include "support/DatabaseFiles.h"
 #include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"

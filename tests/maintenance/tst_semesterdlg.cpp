@@ -5,7 +5,6 @@
 // view after their commands. A failed write leaves everything whole.
 // Fault tried, and caught: Course Order rewriting positions from 1 (courseOrder).
 #include "BrindleData.h"
-#include "store/Clock.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
 #include "maintenance/ArchiveSemesterDlg.h"
@@ -13,6 +12,7 @@
 #include "maintenance/SemesterDlg.h"
 #include "maintenance/TabOrderDlg.h"
 #include "res/strings/MaintenanceStrings.h"
+#include "store/Clock.h"
 #include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
