@@ -342,37 +342,6 @@ private slots:
         QVERIFY(GetSemesterCourses(99).empty());
     }
 
-    void everySortOrderOpensAndSeeks()
-    {
-        // A record of all-default properties in every table is found by a seek of
-        // its key in each sort order the table declares; an order it does not
-        // have cannot be opened.
-        for (const TableDef* def : BrindleSchema::AllTables()) {
-            CDataTable table(*def);
-            QVERIFY2(table.Open() && table.NewRecord(0) && table.UpdateRecord(), def->name);
-            const quint32 id = table.GetRecordID();
-            for (quint16 index = 0; index < def->sortOrders.size(); ++index) {
-                QVERIFY2(table.Open(index), def->name);
-                const int key = def->sortOrders[index];
-                CCeDBProp value;
-                if (key == RecordIdKey)
-                    value.SetUInt32(id);
-                else if (def->fields[key].type == FieldType::String)
-                    value.SetString(QString());
-                else
-                    value.SetUInt32(0);
-                table.SetSeekValue(&value, CDataTable::SeekValueEqual);
-                bool found = false;
-                for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-                    found = found || table.GetRecordID() == id;
-                QVERIFY2(
-                    found,
-                    qPrintable(u"%1 order %2"_s.arg(QString::fromLatin1(def->name)).arg(index)));
-            }
-            QCOMPARE(table.Open(quint16(def->sortOrders.size())), 0);
-        }
-    }
-
     void nonFiniteNumbersAreStoredAsTheyAre()
     {
         // A grade computed from a zero total is not a number; it is kept as computed.
