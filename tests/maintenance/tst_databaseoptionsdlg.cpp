@@ -7,9 +7,10 @@
 // both back. Clear removes the courses and nothing else.
 // Faults tried, each caught: DatabaseClear committing each course's removal on
 // its own (clear, "refused part-way"); the file check without its newer-schema
-// test (failedRestore..., "newer schema"); a restore whose mount fails not
-// putting ".db2" back ("tables cannot be made"); closing the dialog switching
-// Today on whatever it was before (todaySwitch, "off" and "no switch").
+// test and a restore whose mount fails not putting ".db2" back
+// (failedRestoreKeepsTheOldDatabase, "newer schema" and "tables cannot be
+// made"); closing the dialog switching Today on whatever it was before
+// (todaySwitch, "off" and "no switch").
 #include "BrindleData.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
