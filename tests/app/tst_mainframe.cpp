@@ -1,13 +1,15 @@
 // The main frame: its menu bar, the command-state rules and help, and the
-// grade bar after each command that changes it: grade names after
-// Institution, new coursework in prediction mode, predicted grades after the
-// prediction options.
+// grade bar after each command that changes it: new coursework in prediction
+// mode, predicted grades after the prediction options (grade names after
+// Institution: tst_reports); the Today companion's start at log-in.
 // Checked against: two Tools items swapped; RecomputeCourseGrade not writing
 // the grade.
 #include "BrindleData.h"
 #include "app/CourseworkListModel.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
+#include "app/TodayAutostart.h"
+#include "app/TodayCompanionDlg.h"
 #include "controls/HelpViewer.h"
 #include "controls/NumericEdit.h"
 #include "editors/CourseworkDlg.h"
@@ -15,6 +17,7 @@
 #include "grading/dialogs/GradePredictionDlg.h"
 #include "store/Clock.h"
 #include "support/DatabaseTest.h"
+#include "support/MessageAnswers.h"
 #include "support/Records.h"
 
 #include <QtTest>
@@ -23,14 +26,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QStringList MenuTexts(const QList<QAction*>& actions)
-{
-    QStringList texts;
-    for (const QAction* action : actions)
-        texts << (action->isSeparator() ? u"-"_s : action->text());
-    return texts;
-}
 
 QAction* Action(CMainFrame& frame, const char* name)
 {
@@ -82,8 +77,11 @@ private slots:
     {
         CMainFrame frame;
         QStringList texts;
-        for (QAction* title : frame.menuBar()->actions())
-            texts << title->text() + u":"_s << MenuTexts(title->menu()->actions());
+        for (QAction* title : frame.menuBar()->actions()) {
+            texts << title->text() + u":"_s;
+            for (const QAction* action : title->menu()->actions())
+                texts << (action->isSeparator() ? u"-"_s : action->text());
+        }
         QCOMPARE(texts.join(u", "_s),
                  u"&Course:, New Course..., Sort Courses..., Delete Course..., Progress Report..., "
                  u"-, Add Coursework..., Edit Course..., Edit Instructors..., "
@@ -125,8 +123,6 @@ private slots:
         QCOMPARE(toggle->text(), toggleText);
         QCOMPARE(toggle->isEnabled(), !archived);
         QVERIFY(!archived || !Action(frame, "actionPredictionOptions")->isEnabled());
-        // The other commands do not depend on the semester.
-        QVERIFY(Action(frame, "actionAbout")->isEnabled());
         if (archived)
             return;
         // The toggle switches the mode; turning it off forgets the scores to give.
@@ -143,8 +139,6 @@ private slots:
         QTest::addColumn<bool>("predicting");
         QTest::addColumn<QString>("after");
         QTest::addColumn<int>("rowsAdded");
-        QTest::newRow("Institution renames the grade")
-            << QByteArray("actionInstitution") << false << u"Grade: 85% Good"_s << 0;
         // 5 of 10, stored or predicted: below every minimum, so no grade name.
         QTest::newRow("Add Coursework, prediction off")
             << QByteArray("actionAddCoursework") << false << u"Grade: 50%"_s << 1;
@@ -175,11 +169,7 @@ private slots:
             } else if (auto* options = qobject_cast<GradePredictionDlg*>(&dialog)) {
                 options->SetPercent(0, 95.0);
             } else {
-                // What the Institution dialog's OK does to a grade name, done directly.
-                return CDataTable::GetMount()->Execute(
-                           "UPDATE GradeScale SET GradeName = 'Good' WHERE Grade = 1")
-                           ? int(QDialog::Accepted)
-                           : int(QDialog::Rejected);
+                return int(QDialog::Rejected);
             }
             dialog.accept();
             return dialog.result();
@@ -209,6 +199,46 @@ private slots:
         list->setCurrentItem(list->topLevelItem(0));
         QTest::keyClick(list, Qt::Key_Delete);
         QCOMPARE(dialog.Courses().front().types.front().percent, GradePredictionDlg::NoPercent);
+    }
+
+    // "Start the Today companion at log-in": the entry copied into the user's
+    // autostart folder and removed again, and a missing entry refused.
+    void startAtLogin()
+    {
+        QTemporaryDir config;
+        qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
+        QFile installed(TodayAutostart::InstalledEntry());
+        QVERIFY2(installed.open(QIODevice::ReadOnly), qPrintable(installed.fileName()));
+        const QByteArray entry = installed.readAll();
+
+        TodayCompanionDlg on;
+        QVERIFY(!on.StartAtLogin());
+        on.findChild<QCheckBox*>(u"startAtLoginBox"_s)->click();
+        QVERIFY(on.OnOK());
+        QFile copy(TodayAutostart::UserEntry());
+        QVERIFY(copy.open(QIODevice::ReadOnly));
+        QCOMPARE(copy.readAll(), entry);
+        QVERIFY(copy.fileName().startsWith(config.path()));
+
+        TodayCompanionDlg off;
+        QVERIFY(off.StartAtLogin());
+        off.SetStartAtLogin(false);
+        QVERIFY(off.OnOK());
+        QVERIFY(!QFile::exists(TodayAutostart::UserEntry()));
+
+        // An installation without the entry: refused, with its name.
+        QTemporaryDir emptyInstall;
+        const QByteArray saved = qgetenv("BRINDLE_INSTALL_DIR");
+        qputenv("BRINDLE_INSTALL_DIR", emptyInstall.path().toUtf8());
+        MessageAnswers answers;
+        TodayCompanionDlg dialog;
+        dialog.SetStartAtLogin(true);
+        const bool ok = dialog.OnOK();
+        qputenv("BRINDLE_INSTALL_DIR", saved);
+        QVERIFY(!ok);
+        QCOMPARE(answers.Texts().size(), 1);
+        QVERIFY(answers.Texts().front().contains(u"brindle-today.desktop"_s));
+        QVERIFY(!QFile::exists(TodayAutostart::UserEntry()));
     }
 };
 

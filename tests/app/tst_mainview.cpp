@@ -1,7 +1,8 @@
 // The main view: its filters (tabs, course selector, type filter, due-by
 // picker, Show Done), each written to the state at once and read back by the
 // next view; and what the user does on the rows: delete with its links, the
-// context menu, opening a row, and the note on predicted scores.
+// context menu, opening a row, and the note on predicted scores; the banners
+// with their menu.
 // Checked against: the hidden-tab fallback not calling OnTabChosen (the list
 // stays on Past Due), OnCourseChosen not resetting the type to the first one,
 // DeleteCoursework deleting every item's links (its seek dropped).
@@ -10,6 +11,7 @@
 #include "app/CourseworkListView.h"
 #include "app/MainFrame.h"
 #include "app/MainView.h"
+#include "grading/GradeCalculation.h"
 #include "store/Clock.h"
 #include "support/DatabaseTest.h"
 #include "support/MessageAnswers.h"
@@ -60,14 +62,6 @@ QString TabTexts(const QTabBar* tabs)
 double Day(int month, int day)
 {
     return BrindleDate::FromDate(QDate(2024, month, day));
-}
-
-double StoredGrade(quint32 courseId)
-{
-    CCourseTable table;
-    table.Open();
-    table.MoveToRecord(courseId);
-    return table.GetCurrentGrade();
 }
 
 QRect RowRect(const CMainView& view, int row)
@@ -282,7 +276,7 @@ private slots:
         const bool deleted = agree && !vanished;
         QCOMPARE(Records::Count("Coursework"), agree ? 3 : 4);
         QCOMPARE(Records::Count("OutlookLink"), deleted ? 1 : 3); // Lab 1's stays
-        QCOMPARE(StoredGrade(m_biology), deleted ? 0.8 : 0.5);    // only 8/10 is left
+        QCOMPARE(GetCourseGrade(m_biology), deleted ? 0.8 : 0.5); // only 8/10 is left
         if (deleted) {
             QCOMPARE(view->GradeBar()->text(), u"Grade: 80% B"_s);
             QCOMPARE(view->ListModel()->rowCount(), 1);
@@ -373,6 +367,44 @@ private slots:
         QCOMPARE(answers.Texts(),
                  noted ? QStringList{u"Unofficial score from Grade Prediction Mode"_s}
                        : QStringList{});
+    }
+
+    void banner_data()
+    {
+        QTest::addColumn<bool>("predicting");
+        QTest::addColumn<bool>("archived");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("exit");
+        QTest::newRow("neither") << false << false << QString() << QString();
+        QTest::newRow("prediction")
+            << true << false << u"Grade Prediction Mode"_s << u"Exit Grade Prediction Mode"_s;
+        QTest::newRow("archived") << false << true << u"Archived Semester"_s
+                                  << u"Exit Archived Semester"_s;
+        QTest::newRow("prediction wins")
+            << true << true << u"Grade Prediction Mode"_s << u"Exit Grade Prediction Mode"_s;
+    }
+    void banner()
+    {
+        QFETCH(bool, predicting);
+        QFETCH(bool, archived);
+        QFETCH(QString, text);
+        QFETCH(QString, exit);
+        CPredictionStore::Instance().SetActive(predicting);
+        CAppStateTable::Instance().SetCurrentSemesterID(
+            archived ? Records::Semester(u"Spring 2024"_s) : WorkingSemesterID);
+        const auto view = ShownView();
+        QCOMPARE(view->Banner()->isVisible(), !text.isEmpty());
+        if (text.isEmpty())
+            return;
+        QCOMPARE(view->Banner()->text(), text);
+
+        QSignalSpy command(view.get(), &CMainView::BannerCommand);
+        QMenu* menu = view->OpenBannerMenu(QPoint(4, 4));
+        QCOMPARE(menu->actions().size(), 1);
+        QCOMPARE(menu->actions().constFirst()->text(), exit);
+        menu->actions().constFirst()->trigger();
+        QCOMPARE(command.count(), 1);
+        menu->close();
     }
 };
 

@@ -7,6 +7,7 @@
 #include "app/Startup.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
+#include "support/DatabaseFiles.h"
 #include "support/MessageAnswers.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
@@ -19,17 +20,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-bool Touch(const QString& path, const QByteArray& bytes = "x")
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray Bytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using DatabaseFiles::Read;
+using DatabaseFiles::Write;
 
 // Every file of a folder with its bytes (a folder as "dir").
 QMap<QString, QByteArray> Contents(const QString& folder)
@@ -37,7 +29,7 @@ QMap<QString, QByteArray> Contents(const QString& folder)
     QMap<QString, QByteArray> contents;
     for (const QFileInfo& info :
          QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
-        contents.insert(info.fileName(), info.isDir() ? QByteArray("dir") : Bytes(info.filePath()));
+        contents.insert(info.fileName(), info.isDir() ? QByteArray("dir") : Read(info.filePath()));
     return contents;
 }
 
@@ -46,15 +38,6 @@ int Mode(const QString& path)
     struct stat status = {};
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? int(status.st_mode & 0777)
                                                                      : -1;
-}
-
-bool RunSql(const QString& path, const char* sql)
-{
-    sqlite3* db = nullptr;
-    const bool ok = sqlite3_open(path.toUtf8().constData(), &db) == SQLITE_OK &&
-                    sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
-    sqlite3_close(db);
-    return ok;
 }
 
 void CloseDatabase()
@@ -79,7 +62,7 @@ bool MakeCrashedFile(const QString& path)
     const QString source = path + u".source"_s;
     if (!MakeBrindleFile(source))
         return false;
-    const QByteArray before = Bytes(source);
+    const QByteArray before = Read(source);
     sqlite3* db = nullptr;
     bool ok = sqlite3_open(source.toUtf8().constData(), &db) == SQLITE_OK &&
               sqlite3_exec(db,
@@ -89,7 +72,7 @@ bool MakeCrashedFile(const QString& path)
                            "SELECT hex(randomblob(60)) FROM n;",
                            nullptr, nullptr, nullptr) == SQLITE_OK;
     // Copied while the change is half written, as a crash would leave them.
-    ok = ok && Bytes(source) != before && QFile::copy(source, path) &&
+    ok = ok && Read(source) != before && QFile::copy(source, path) &&
          QFile::copy(source + u"-journal"_s, path + u"-journal"_s);
     sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
     sqlite3_close(db);
@@ -140,9 +123,9 @@ private slots:
         const QString markerPath = m_install.filePath(u"BrindleUpgrade.dll"_s);
         const QString helperPath = m_install.filePath(u"SetSecurity.exe"_s);
         if (marker)
-            QVERIFY(Touch(markerPath));
+            QVERIFY(Write(markerPath, "x"));
         if (helper)
-            QVERIFY(Touch(helperPath));
+            QVERIFY(Write(helperPath, "x"));
         // Missing tabs stand for what an upgrade has to add: only the marker's
         // CreateDatabase brings them back.
         QVERIFY(CDataTable::GetMount()->Execute("DELETE FROM ViewTab"));
@@ -196,9 +179,9 @@ private slots:
         sqlite3* locker = nullptr;
 
         if (kind == "empty") {
-            QVERIFY(Touch(path, {}));
+            QVERIFY(Write(path, {}));
         } else if (kind == "zeros" || kind == "text") {
-            QVERIFY(Touch(path, kind == "text" ? "Latin: Tuesdays\nBotany: Fridays\n"
+            QVERIFY(Write(path, kind == "text" ? "Latin: Tuesdays\nBotany: Fridays\n"
                                                : QByteArray(8192, '\0')));
             expected = StoreStrings::NotADatabase(path);
         } else if (kind == "crashed") {
@@ -208,12 +191,12 @@ private slots:
             QFile file(path);
             QVERIFY(file.resize(kind == "cut half" ? file.size() / 2 : 100));
         } else if (kind == "foreign") {
-            QVERIFY(
-                RunSql(path, "CREATE TABLE notes (body TEXT); INSERT INTO notes VALUES ('x');"));
+            QVERIFY(DatabaseFiles::Execute(
+                path, "CREATE TABLE notes (body TEXT); INSERT INTO notes VALUES ('x');"));
             expected = StoreStrings::NotABrindleDatabase(path);
         } else if (kind == "newer") {
             QVERIFY(MakeBrindleFile(path));
-            QVERIFY(RunSql(path, "PRAGMA user_version = 99;"));
+            QVERIFY(DatabaseFiles::Execute(path, "PRAGMA user_version = 99;"));
             expected = StoreStrings::NewerDatabase(path);
         } else if (kind == "locked") {
             QVERIFY(MakeBrindleFile(path));
@@ -230,7 +213,8 @@ private slots:
             expected = StoreStrings::NotWritable(path);
         } else if (kind == "view") {
             QVERIFY(MakeBrindleFile(path));
-            QVERIFY(RunSql(path, "DROP TABLE ViewTab; CREATE VIEW ViewTab AS SELECT 1 AS id;"));
+            QVERIFY(DatabaseFiles::Execute(
+                path, "DROP TABLE ViewTab; CREATE VIEW ViewTab AS SELECT 1 AS id;"));
             expected = StoreStrings::CannotCreateTables(path, QString()); // and SQLite's reason
         }
         const QMap<QString, QByteArray> before = Contents(folder);
@@ -316,8 +300,8 @@ private slots:
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(u"Brindle.db"_s);
-        QVERIFY(Touch(path, "not a database at all"));
-        QVERIFY(Touch(path + u"-journal"_s, "its journal"));
+        QVERIFY(Write(path, "not a database at all"));
+        QVERIFY(Write(path + u"-journal"_s, "its journal"));
         QVERIFY(
             QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
         SetDatabasePath(path);
@@ -326,8 +310,8 @@ private slots:
         QVERIFY(opener.Open());
         const QString kept = opener.SetAsidePath();
         QCOMPARE(Mode(kept), 0640);
-        QCOMPARE(Bytes(kept), QByteArray("not a database at all"));
-        QCOMPARE(Bytes(kept + u"-journal"_s), QByteArray("its journal"));
+        QCOMPARE(Read(kept), QByteArray("not a database at all"));
+        QCOMPARE(Read(kept + u"-journal"_s), QByteArray("its journal"));
         // The new database starts clean, with no journal of another file.
         QCOMPARE(Records::Count("ViewTab"), 4);
         QVERIFY(!QFile::exists(path + u"-journal"_s));

@@ -1,12 +1,14 @@
 // The report dialogs as the user reads them: the progress report's rows and
 // lines, a grade as every place shows it (under a comma locale, and a grade
-// that is not a number as no score), the report card's GPA lines, rows and
-// chart, and the grade planner dialog with where it is reached from (the Tools
-// menu, the progress report), the grade bar's best and worst case and the GPA
-// bar after the institution's OK. (The planner's answers: tst_gradeplanner.)
+// that is not a number as no score), the report card's GPA lines with the
+// grade bar's, its rows and chart, and the grade planner dialog with where it
+// is reached from (the Tools menu, the progress report), the grade bar's best
+// and worst case and the GPA bar after the institution's OK. (The planner's
+// answers: tst_gradeplanner.)
 //
 // Faults tried and caught: the report card's row testing for -1 instead of any
-// score ("0/0", "infinite" show a percent).
+// score ("0/0", "infinite" show a percent); the grade bar's percent without its
+// cut above 100, PercentOf for PercentOfCut ("above 100: the bar alone cuts").
 #include "GradingFixtures.h"
 #include "app/GradeBarText.h"
 #include "app/MainFrame.h"
@@ -162,6 +164,8 @@ private slots:
         QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << -1.0 << none;
         QTest::newRow("rounded up")
             << 0.87654 << -1.0 << u"Grade: 87.66% B|Grade: 87.66% B|87.66% B|GPA: 3.000"_s;
+        QTest::newRow("shown as 90, graded on the unrounded value")
+            << 0.899999 << -1.0 << u"Grade: 90% B|Grade: 90% B|90% B|GPA: 3.000"_s;
         QTest::newRow("above 100: the bar alone cuts")
             << 1.125 << -1.0 << u"Grade: 112.5% A|Grade: 112% A|112.5% A|GPA: 4.000"_s;
         QTest::newRow("zero is a score") << 0.0 << -1.0 << u"Grade: 0%|Grade: 0%|0%|GPA: 0.000"_s;
@@ -199,29 +203,28 @@ private slots:
                  texts.split(u'|'));
     }
 
+    // The report card's lines and the grade bar over all courses.
     void gpaLines()
     {
         auto shown = [] {
             ReportCardDlg dialog;
             return QStringList{LabelText(dialog, u"gpaLabel"_s),
                                LabelText(dialog, u"majorGpaLabel"_s),
-                               LabelText(dialog, u"cumulativeGpaLabel"_s)};
+                               LabelText(dialog, u"cumulativeGpaLabel"_s), GradeBarText()};
         };
         Course(u"Ungraded"_s, -1.0, true);
-        QCOMPARE(shown(), (QStringList{u"GPA:"_s, u"Maj GPA:"_s, u"Cum. GPA:"_s}));
+        QCOMPARE(shown(), (QStringList{u"GPA:"_s, u"Maj GPA:"_s, u"Cum. GPA:"_s, u"GPA:"_s}));
 
         Course(u"Algebra"_s, 0.95, true, 4.0);
         Course(u"Drawing"_s, 0.75, false, 2.0);
-        QCOMPARE(shown(),
-                 (QStringList{u"GPA: 3.000"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.000"_s}));
+        QCOMPARE(shown(), (QStringList{u"GPA: 3.000"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.000"_s,
+                                       u"GPA: 3.00"_s}));
         CAppStateTable::Instance().SetShowGPAWithHours(true);
         CAppStateTable::Instance().UpdateRecord();
-        QCOMPARE(shown(),
-                 (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 3.333"_s}));
         // An archived D for 3 hours counts cumulatively only: (16 + 4 + 3) / 9.
         Course(u"Old"_s, 0.65, false, 3.0, Records::Semester(u"Fall"_s));
-        QCOMPARE(shown(),
-                 (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 2.556"_s}));
+        QCOMPARE(shown(), (QStringList{u"GPA: 3.333"_s, u"Maj GPA: 4.000"_s, u"Cum. GPA: 2.556"_s,
+                                       u"GPA: 3.33"_s}));
     }
     void rowsAndChartFollowCourseOrder()
     {
