@@ -1,9 +1,11 @@
-// Start-up: the installation folder's upgrade marker and one-shot helper, and
-// opening a database file that cannot be used.
+// Start-up: the installation folder's upgrade marker and one-shot helper,
+// opening a database file that cannot be used, and the demo database.
 // Checked against: new files without their 0600 mode (fails under every umask);
 // the newer-version check dropped (the file is opened and changed).
 #include "BrindleData.h"
+#include "app/CourseworkListFill.h"
 #include "app/DatabaseOpener.h"
+#include "app/DemoDatabase.h"
 #include "app/Startup.h"
 #include "res/strings/AppStrings.h"
 #include "res/strings/StoreStrings.h"
@@ -316,6 +318,57 @@ private slots:
         QCOMPARE(Records::Count("ViewTab"), 4);
         QVERIFY(!QFile::exists(path + u"-journal"_s));
         CloseDatabase();
+    }
+
+    void demoDatabase_data()
+    {
+        QTest::addColumn<DemoSize>("size");
+        QTest::newRow("default") << DemoSize();
+        QTest::newRow("uneven split") << DemoSize{4, 11, 301, 3, 40};
+        QTest::newRow("no archive") << DemoSize{1, 2, 10, 2, 10};
+    }
+    // The sizes the benchmark asks for; the default demo looks like a real
+    // student's: graded, open, done and overdue items, grades computed, what
+    // the editors show.
+    void demoDatabase()
+    {
+        QFETCH(DemoSize, size);
+        TestDatabase db;
+        QVERIFY(db.IsReady());
+        const QDate today(2024, 10, 9);
+        QVERIFY(BuildDemoDatabase(today, size));
+        QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), WorkingSemesterID);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), AllCoursesID);
+        QCOMPARE(Records::Count("Semester"), size.semesters - 1);
+        QCOMPARE(Records::Count("Course"), size.courses);
+        QCOMPARE(Records::Count("Coursework"), size.coursework);
+        const std::vector<quint32> working = GetSemesterCourses(WorkingSemesterID);
+        QCOMPARE(working.size(), size_t(size.workingCourses));
+
+        CourseworkFilter filter;
+        filter.courseId = AllCoursesID;
+        filter.showDone = true;
+        filter.now = QDateTime(today, QTime(12, 0));
+        int items = 0, graded = 0, overdue = 0, done = 0;
+        for (const CourseworkRow& row : FillCourseworkRows(filter)) {
+            items += !row.isHeader;
+            graded += !row.isHeader && row.score >= 0.0;
+            overdue += row.overdue;
+            done += !row.isHeader && row.completed >= 100;
+        }
+        QCOMPARE(items, size.workingCoursework);
+        if (QTest::currentDataTag() != QByteArrayLiteral("default"))
+            return;
+        QVERIFY(graded > 5 && items - graded > 5 && done > 5 && overdue >= 1);
+        // Every working course graded between 50 and 100 %, in a building, with hours.
+        QCOMPARE(CDataTable::GetMount()->Scalar(
+                     "SELECT count(*) FROM Course JOIN CourseOrder ON CourseID = Course.id "
+                     "WHERE SemesterID = 0 AND CurrentGrade > 0.5 AND CurrentGrade <= 1.0 AND "
+                     "BuildingID <> 0 AND CourseHours > 0"),
+                 qint64(working.size()));
+        QVERIFY(Records::Count("CourseInstructor") >= 9);
+        QVERIFY(Records::Count("Textbook") >= 9);
+        QVERIFY(Records::Count("Time") >= 9 + 5); // meeting times and office hours
     }
 
 private:

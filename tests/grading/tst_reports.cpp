@@ -252,6 +252,11 @@ private slots:
             bands << u"%1@%2"_s.arg(band.gradeName).arg(band.minimum);
         QCOMPARE(bands, (QStringList{u"A@85"_s, u"B@0"_s, u"C@45"_s}));
         QCOMPARE(chart[2].fraction, -1.0);
+        // A screen reader hears each course as the chart draws it.
+        const QStringList spoken = dialog.Chart()->accessibleDescription().split(u'\n');
+        QVERIFY2(spoken.size() == 3 && spoken[1].startsWith(u"Algebra"_s) &&
+                     spoken[1].contains(u"48%"_s) && spoken[1].endsWith(u" B"_s),
+                 qPrintable(spoken.join(u'\n')));
         // One scale for every row, from the ten below the lowest minimum above 0
         // (45); a band starting at 0 would squeeze the others.
         QCOMPARE(dialog.Chart()->ScaleLow(), 40.0);
