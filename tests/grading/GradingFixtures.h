@@ -38,14 +38,12 @@ inline void SetMinimums(quint32 courseId, const Minimums& minimums)
 // A course's minimum percents in grade order.
 inline Minimums StoredMinimums(quint32 courseId)
 {
-    QMap<quint16, double> byGrade;
-    CGradingPolicyGradeTable table;
-    table.Open(0);
-    const CCeDBProp key(courseId);
-    table.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-        byGrade.insert(table.GetGrade(), table.GetMinimumPercent());
-    return byGrade.values();
+    Minimums minimums;
+    for (const QString& row : Records::Rows("SELECT MinimumPercent FROM GradingPolicyGrade WHERE "
+                                            "CourseID = " +
+                                            QByteArray::number(courseId) + " ORDER BY Grade"))
+        minimums << row.toDouble();
+    return minimums;
 }
 
 // A course with a stored grade, by default with the minimums 90/80/70/60 of
@@ -55,12 +53,9 @@ inline quint32 GradedCourse(const QString& name, double grade, double hours = 3.
                             const Minimums& minimums = abcd)
 {
     const quint32 id = Records::Course(name, semester, grade);
-    CCourseTable course;
-    course.Open();
-    course.MoveToRecord(id);
-    course.SetCourseHours(hours);
-    course.SetInMajor(inMajor ? 1 : 0);
-    course.UpdateRecord();
+    CDataTable::GetMount()->Execute("UPDATE Course SET CourseHours = " + QByteArray::number(hours) +
+                                    ", InMajor = " + QByteArray::number(int(inMajor)) +
+                                    " WHERE id = " + QByteArray::number(id));
     SetMinimums(id, minimums);
     return id;
 }

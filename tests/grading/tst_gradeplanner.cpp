@@ -111,8 +111,6 @@ private slots:
             << 0u << Course{{0, 0, {{40, 50}, {-1, 50}}}} << abcd << u"RRRR"_s;
         QTest::newRow("none: nothing left to grade")
             << 0u << Course{{0, 0, {{85, 100}}}} << abcd << u"NSSS"_s;
-        QTest::newRow("none: nothing graded yet")
-            << 0u << Course{{0, 0, {{-1, 10}, {-1, 30}}}} << abcd << u"RRRR"_s;
         QTest::newRow("none: far behind")
             << 0u << Course{{0, 0, {{10, 90}, {-1, 10}}}} << abcd << u"NNNN"_s;
         QTest::newRow("none: extra credit already in")
@@ -122,8 +120,6 @@ private slots:
         QTest::newRow("by type: two types")
             << 1u << Course{{40, 0, {{18, 20}, {-1, 20}}}, {60, 0, {{-1, 100}}}, {0, 0, {{-1, 10}}}}
             << abcd << u"RRRR"_s;
-        QTest::newRow("by type: weights not 100")
-            << 1u << Course{{1, 0, {{7, 10}}}, {3, 0, {{-1, 10}}}} << abcd << u"RRRR"_s;
         QTest::newRow("per item") << 2u << Course{{0, 0, {{9, 10, 1}, {-1, 10, 3}, {-1, 5, 1}}}}
                                   << abcd << u"RRRR"_s;
         QTest::newRow("per item: all weights 0 (0/0)")

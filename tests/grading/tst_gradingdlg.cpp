@@ -37,22 +37,11 @@ quint32 TypeOf(quint32 courseworkId)
 // A course's types by stored position, as "name@position weight/drops".
 QStringList StoredTypes(quint32 courseId)
 {
-    QStringList types;
-    CCwTypeOrderTable order;
-    CCwTypeTable type;
-    order.Open(1);
-    type.Open();
-    const CCeDBProp key(courseId);
-    order.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = order.MoveFirst(1); ok; ok = order.MoveNext(1)) {
-        if (type.MoveToRecord(order.GetCwTypeID()) && type.GetCourseID() == courseId)
-            types << u"%1@%2 %3/%4"_s.arg(type.GetCwTypeName())
-                         .arg(order.GetCwTypePosition())
-                         .arg(type.GetWeight())
-                         .arg(type.GetDrops());
-    }
-    types.sort();
-    return types;
+    const QByteArray id = QByteArray::number(courseId);
+    return Records::Rows("SELECT t.CwTypeName || '@' || o.CwTypePosition || ' ' || "
+                         "printf('%g', t.Weight) || '/' || t.Drops FROM CwTypeOrder o JOIN CwType "
+                         "t ON t.id = o.CwTypeID WHERE o.CourseID = " +
+                         id + " AND t.CourseID = " + id + " ORDER BY 1");
 }
 
 void TypeInto(QLineEdit* edit, const QString& text)

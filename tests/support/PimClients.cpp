@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool WriteFile(const QString& path, const QString& text)
@@ -18,45 +20,41 @@ bool WriteFile(const QString& path, const QString& text)
 
 PimClients::PimClients(const PimFolders& folders)
 {
-    const QString config = m_home.path() + QStringLiteral("/.config");
+    const QString config = m_home.path() + u"/.config"_s;
     // Fixed formats, so that tests read dates and times whatever the locale.
     m_ready =
         m_home.isValid() &&
-        WriteFile(config + QStringLiteral("/todoman/config.py"),
-                  QStringLiteral("path = \"%1\"\ndate_format = \"%Y-%m-%d\"\n"
-                                 "time_format = \"%H:%M\"\n")
-                      .arg(folders.tasks)) &&
-        WriteFile(config + QStringLiteral("/khal/config"),
-                  QStringLiteral("[calendars]\n[[brindle]]\npath = %1\n[locale]\n"
-                                 "timeformat = %H:%M\ndateformat = %Y-%m-%d\n"
-                                 "longdateformat = %Y-%m-%d\ndatetimeformat = %Y-%m-%d %H:%M\n"
-                                 "longdatetimeformat = %Y-%m-%d %H:%M\n")
-                      .arg(folders.calendar)) &&
-        WriteFile(config + QStringLiteral("/khard/khard.conf"),
-                  QStringLiteral("[addressbooks]\n[[brindle]]\npath = %1\n[general]\n"
-                                 "default_action = list\neditor = /bin/true\n"
-                                 "merge_editor = /bin/true\n")
-                      .arg(folders.contacts));
+        WriteFile(config + u"/todoman/config.py"_s,
+                  u"path = \"%1\"\ndate_format = \"%Y-%m-%d\"\ntime_format = \"%H:%M\"\n"_s.arg(
+                      folders.tasks)) &&
+        WriteFile(config + u"/khal/config"_s,
+                  u"[calendars]\n[[brindle]]\npath = %1\n[locale]\ntimeformat = %H:%M\n"
+                  u"dateformat = %Y-%m-%d\nlongdateformat = %Y-%m-%d\n"
+                  u"datetimeformat = %Y-%m-%d %H:%M\nlongdatetimeformat = %Y-%m-%d %H:%M\n"_s.arg(
+                      folders.calendar)) &&
+        WriteFile(config + u"/khard/khard.conf"_s,
+                  u"[addressbooks]\n[[brindle]]\npath = %1\n[general]\n"
+                  u"default_action = list\neditor = /bin/true\nmerge_editor = /bin/true\n"_s.arg(
+                      folders.contacts));
 }
 
 QString PimClients::Find(const QString& program)
 {
-    QString path = QStandardPaths::findExecutable(program);
-    if (path.isEmpty() && program == QStringLiteral("todoman"))
-        path = QStandardPaths::findExecutable(QStringLiteral("todo"));
-    return path;
+    const QString path = QStandardPaths::findExecutable(program);
+    return path.isEmpty() && program == u"todoman"_s ? QStandardPaths::findExecutable(u"todo"_s)
+                                                     : path;
 }
 
 QProcessEnvironment PimClients::Environment() const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), m_home.path());
+    environment.insert(u"HOME"_s, m_home.path());
     // Unset, each of these defaults to a folder under the home above.
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME",
                              "XDG_CONFIG_DIRS"})
         environment.remove(QString::fromLatin1(name));
-    environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(u"LANG"_s, u"C.UTF-8"_s);
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     return environment;
 }
 
@@ -66,7 +64,7 @@ QString PimClients::Run(const QString& program, const QStringList& arguments,
     QProcess process;
     QProcessEnvironment environment = Environment();
     if (!timeZone.isEmpty())
-        environment.insert(QStringLiteral("TZ"), timeZone);
+        environment.insert(u"TZ"_s, timeZone);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_home.path());
     process.start(Find(program), arguments);
@@ -78,10 +76,8 @@ QString PimClients::Run(const QString& program, const QStringList& arguments,
         process.exitCode() == 0)
         return QString::fromUtf8(process.readAllStandardOutput());
     if (error)
-        *error =
-            QStringLiteral("%1 %2 failed (%3): %4")
-                .arg(program, arguments.join(QLatin1Char(' ')), QString::number(process.exitCode()),
-                     QString::fromUtf8(process.readAllStandardError() +
-                                       process.readAllStandardOutput()));
+        *error = u"%1 %2 failed (%3): %4"_s.arg(
+            program, arguments.join(u' '), QString::number(process.exitCode()),
+            QString::fromUtf8(process.readAllStandardError() + process.readAllStandardOutput()));
     return QString();
 }
