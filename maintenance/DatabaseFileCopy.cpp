@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -16,8 +17,6 @@
 namespace DatabaseFileCopy {
 
 namespace {
-
-constexpr qint64 ChunkSize = 4 * 1024 * 1024;
 
 QString SystemError(int code)
 {
@@ -29,25 +28,55 @@ std::filesystem::path NativePath(const QString& path)
     return std::filesystem::path(QFile::encodeName(path).toStdString());
 }
 
+// The kernel copies from file to file, without the bytes passing through
+// Brindle's memory. False when it stops short (another file system on an older
+// kernel, a source it cannot copy from, a write that fails): both files are
+// then at the offsets where it stopped.
+bool KernelCopy(int in, int out)
+{
+    for (;;) {
+        const ssize_t copied = ::copy_file_range(in, nullptr, out, nullptr, 1 << 30, 0);
+        if (copied == 0)
+            return true;
+        if (copied < 0 && errno != EINTR)
+            return false;
+    }
+}
+
+// Copies the rest of in to out through a buffer, telling which side failed.
+MaintenanceResult BufferedCopy(QFile& in, QFile& out)
+{
+    std::vector<char> buffer(1024 * 1024);
+    for (;;) {
+        const ssize_t got = ::read(in.handle(), buffer.data(), buffer.size());
+        if (got == 0)
+            return MaintenanceResult::Done();
+        if (got < 0) {
+            if (errno == EINTR)
+                continue;
+            return MaintenanceResult::Failed(
+                StoreStrings::CannotReadFile(in.fileName(), SystemError(errno)));
+        }
+        for (ssize_t written = 0; written < got;) {
+            const ssize_t put = ::write(out.handle(), buffer.data() + written, got - written);
+            if (put < 0 && errno == EINTR)
+                continue;
+            if (put <= 0)
+                return MaintenanceResult::Failed(DatabaseStrings::CannotWriteFile(
+                    out.fileName(), SystemError(put < 0 ? errno : EIO)));
+            written += put;
+        }
+    }
+}
+
 // Copies the bytes and syncs; the caller removes the copy on failure.
 MaintenanceResult WriteCopy(QFile& in, QFile& out)
 {
-    QByteArray buffer;
-    for (;;) {
-        buffer = in.read(ChunkSize);
-        if (buffer.isEmpty()) {
-            if (in.error() != QFileDevice::NoError)
-                return MaintenanceResult::Failed(
-                    StoreStrings::CannotReadFile(in.fileName(), in.errorString()));
-            break;
-        }
-        if (out.write(buffer) != buffer.size())
-            return MaintenanceResult::Failed(
-                DatabaseStrings::CannotWriteFile(out.fileName(), out.errorString()));
+    if (!KernelCopy(in.handle(), out.handle())) {
+        const MaintenanceResult copied = BufferedCopy(in, out);
+        if (!copied.ok)
+            return copied;
     }
-    if (!out.flush())
-        return MaintenanceResult::Failed(
-            DatabaseStrings::CannotWriteFile(out.fileName(), out.errorString()));
     // A backup that sits only in the page cache is lost with the power.
     if (::fsync(out.handle()) != 0)
         return MaintenanceResult::Failed(
@@ -64,15 +93,16 @@ QString TemporaryPathFor(const QString& path)
 
 MaintenanceResult CopyToNewFile(const QString& source, const QString& destination)
 {
+    // Unbuffered: the bytes go through the descriptors alone.
     QFile in(source);
-    if (!in.open(QIODevice::ReadOnly))
+    if (!in.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return MaintenanceResult::Failed(StoreStrings::CannotReadFile(source, in.errorString()));
     if (QFileInfo::exists(destination) || QFileInfo(destination).isSymLink())
         return MaintenanceResult::Failed(DatabaseStrings::FileInTheWay(destination));
 
     QFile out(destination);
     // NewOnly: a file that appeared since the look above is still not ours.
-    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly,
+    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered,
                   QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
         if (QFileInfo::exists(destination))
             return MaintenanceResult::Failed(DatabaseStrings::FileInTheWay(destination));
