@@ -12,6 +12,7 @@
 #include "outlook/PimFolders.h"
 #include "outlook/PimLibrary.h"
 #include "store/SettingsFile.h"
+#include "support/DatabaseFiles.h"
 #include "support/DatabaseTest.h"
 
 #include <QAction>
@@ -51,7 +52,8 @@ public:
         dialog.SetCourseworkID(courseworkId);
         if (!dialog.OnInitDialog())
             return false;
-        for (auto [kind, on] : {std::pair{"actionExportTasks", tasks}, {"actionExportCalendar", calendar}})
+        for (auto [kind, on] :
+             {std::pair{"actionExportTasks", tasks}, {"actionExportCalendar", calendar}})
             if (Action(dialog, kind)->isChecked() != on)
                 Action(dialog, kind)->trigger();
         if (!name.isEmpty())
@@ -79,11 +81,7 @@ public:
         return QDir(folder).entryList({QStringLiteral("*.ics"), QStringLiteral("*.vcf")},
                                       QDir::Files, QDir::Name);
     }
-    static QByteArray Read(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    static QByteArray Read(const QString& path) { return DatabaseFiles::Read(path); }
     // The item ids the links of a record point at, of one kind, comma-separated.
     static QString Links(quint32 brindleId, quint32 type)
     {

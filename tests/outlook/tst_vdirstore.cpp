@@ -7,9 +7,9 @@
 // 100 % clearing a client's done mark (taskLines).
 #include "outlook/VdirStore.h"
 #include "store/DateEncoding.h"
+#include "support/DatabaseFiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -23,22 +23,13 @@ constexpr auto Task = COutlookTable::olTaskItem;
 constexpr auto Appointment = COutlookTable::olAppointmentItem;
 constexpr auto Contact = COutlookTable::olContactItem;
 
-QByteArray Read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool Write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
+using DatabaseFiles::Read;
+using DatabaseFiles::Write;
 
 // The unfolded lines of an iCalendar or vCard file.
 QStringList Lines(const QByteArray& bytes)
 {
-    return QString::fromUtf8(bytes).replace(u"\r\n "_s, QString()).split(u"\r\n"_s, Qt::SkipEmptyParts);
+    return QString::fromUtf8(bytes).remove(u"\r\n "_s).split(u"\r\n"_s, Qt::SkipEmptyParts);
 }
 
 // Fails naming the line and the file when a line is missing.
@@ -70,7 +61,8 @@ private slots:
         QVERIFY(CVdirStore(folders).Logon());
         QCOMPARE(Read(folders.contacts + u"/displayname"_s), QByteArray("My Friends"));
         // Nothing but the names: no probe or temporary file stays behind.
-        QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden), QStringList{u"displayname"_s});
+        QCOMPARE(QDir(folders.tasks).entryList(QDir::Files | QDir::Hidden),
+                 QStringList{u"displayname"_s});
     }
 
     // Tasks and events share one collection here, as many CalDAV calendars do.
@@ -117,8 +109,8 @@ private slots:
         QVERIFY(created->Save());
         const QString path = Folders().tasks + u"/%1.ics"_s.arg(created->get_Oid());
         QStringList lines = Lines(Read(path));
-        HAS_LINES(lines, u"BEGIN:VTODO"_s, u"SUMMARY:Lab report\\, part 2"_s, u"DUE:20261125T143000"_s,
-                  u"STATUS:NEEDS-ACTION"_s);
+        HAS_LINES(lines, u"BEGIN:VTODO"_s, u"SUMMARY:Lab report\\, part 2"_s,
+                  u"DUE:20261125T143000"_s, u"STATUS:NEEDS-ACTION"_s);
         QVERIFY(lines.filter(QRegularExpression(u"^(COMPLETED|PERCENT-COMPLETE):"_s)).isEmpty());
         QCOMPARE(lines.filter(QRegularExpression(u"^UID:.+"_s)).size(), 1);
 
@@ -156,8 +148,9 @@ private slots:
         contact->put_Email1Address(QString());
         QVERIFY(fetched->Save());
         const QStringList lines = Lines(Read(path));
-        HAS_LINES(lines, u"TEL;TYPE=CELL:555-9999"_s, u"item1.X-ABLABEL:Desk"_s, u"TEL;TYPE=HOME:555-0000"_s,
-                  u"FN:Dr. Vale"_s, u"N:Dr. Vale;;;;"_s, u"ADR;TYPE=WORK:;101 Science Hall;;;;;"_s);
+        HAS_LINES(lines, u"TEL;TYPE=CELL:555-9999"_s, u"item1.X-ABLABEL:Desk"_s,
+                  u"TEL;TYPE=HOME:555-0000"_s, u"FN:Dr. Vale"_s, u"N:Dr. Vale;;;;"_s,
+                  u"ADR;TYPE=WORK:;101 Science Hall;;;;;"_s);
         QCOMPARE(lines.filter(u"TEL;TYPE=HOME"_s).size(), 1);
         QCOMPARE(lines.filter(u"EMAIL"_s).size(), 0);
         QCOMPARE(lines.filter(u"UID:"_s), Lines(edited).filter(u"UID:"_s));
@@ -183,7 +176,8 @@ private slots:
 private:
     PimFolders Folders() const
     {
-        return {m_dir->filePath(u"tasks"_s), m_dir->filePath(u"calendar"_s), m_dir->filePath(u"contacts"_s)};
+        return {m_dir->filePath(u"tasks"_s), m_dir->filePath(u"calendar"_s),
+                m_dir->filePath(u"contacts"_s)};
     }
 
     std::optional<QTemporaryDir> m_dir;
