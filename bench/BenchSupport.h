@@ -5,8 +5,10 @@
 #include "BrindleData.h"
 #include "app/DemoDatabase.h"
 
+#include <QCoreApplication>
 #include <QDate>
 #include <QElapsedTimer>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -58,5 +60,21 @@ inline bool MountGenerated(const QString& path)
     return mount->MountPath(path) && CreateDatabase() && CAppStateTable::Instance().OpenState() &&
            BuildDemoDatabase(QDate::currentDate(), GeneratedSize);
 }
+
+// A benchmark's application with a generated database (MountGenerated) in a
+// temporary folder of its own, which goes when the benchmark ends.
+class GeneratedApp
+{
+public:
+    GeneratedApp(int& argc, char** argv) : m_app(argc, argv), m_ok(MountGenerated(Path())) {}
+
+    bool Ok() const { return m_ok; }
+    QString Path() const { return m_folder.filePath(QStringLiteral("Brindle.db")); }
+
+private:
+    QCoreApplication m_app;
+    QTemporaryDir m_folder;
+    bool m_ok;
+};
 
 } // namespace BenchSupport

@@ -5,9 +5,7 @@
 #include "BenchSupport.h"
 #include "grading/GradePlanner.h"
 
-#include <QCoreApplication>
 #include <QHash>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -43,10 +41,8 @@ int Plan(quint32 courseId)
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Brindle.db"));
-    if (!BenchSupport::MountGenerated(path))
+    const BenchSupport::GeneratedApp generated(argc, argv);
+    if (!generated.Ok())
         return 1;
 
     const auto [courseId, count] = LargestCourse();

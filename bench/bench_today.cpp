@@ -6,16 +6,12 @@
 #include "today/DueList.h"
 #include "today/ReadOnlyDatabase.h"
 
-#include <QCoreApplication>
-#include <QTemporaryDir>
-
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Brindle.db"));
-    if (!BenchSupport::MountGenerated(path))
+    const BenchSupport::GeneratedApp generated(argc, argv);
+    if (!generated.Ok())
         return 1;
+    const QString path = generated.Path();
     CAppStateTable::Instance().Close();
     CDataTable::GetMount()->Unmount();
 
