@@ -1,17 +1,21 @@
 // The Today list for a fixed clock: what falls into it, in what order, and
-// its text and JSON forms.
+// its text and JSON forms; the tray menu, paused and switched on again.
 // Faults tried, and caught: the window ending at the start of its last day
 // (window, "last minute of the seventh day"); work at 100 % listed ("done").
 #include "BrindleData.h"
+#include "app/TodaySwitch.h"
 #include "support/Records.h"
 #include "support/TestDatabase.h"
 #include "today/DueList.h"
 #include "today/DueListFormat.h"
 #include "today/ReadOnlyDatabase.h"
+#include "today/TodayTray.h"
 
+#include <QAction>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMenu>
 #include <QTest>
 
 #include <optional>
@@ -52,14 +56,18 @@ private slots:
 
         const double minute = 1.0 / (24 * 60);
         const double now = BrindleDate::FromDateTime(Now);
-        QTest::newRow("past due a minute ago, half done") << now - minute << 50 << false << 7 << true << true;
-        QTest::newRow("later today, no days ahead") << now + minute << 0 << false << 0 << true << false;
-        QTest::newRow("tomorrow, no days ahead") << At(1, QTime(0, 0)) << 0 << false << 0 << false << false;
-        QTest::newRow("last minute of the seventh day") << At(7, QTime(23, 59)) << 0 << false << 7 << true << false;
-        QTest::newRow("first minute of the eighth day") << At(8, QTime(0, 0)) << 0 << false << 7 << false << false;
-        QTest::newRow("99 percent is not done") << now + minute << 99 << false << 7 << true << false;
-        QTest::newRow("done") << now - 1 << 100 << false << 7 << false << false;
-        QTest::newRow("archived semester") << now + 1 << 0 << true << 7 << false << false;
+        auto row = [](const char* name, double due, int completed, bool archived, int days,
+                      bool listed, bool pastDue) {
+            QTest::newRow(name) << due << completed << archived << days << listed << pastDue;
+        };
+        row("past due a minute ago, half done", now - minute, 50, false, 7, true, true);
+        row("later today, no days ahead", now + minute, 0, false, 0, true, false);
+        row("tomorrow, no days ahead", At(1, QTime(0, 0)), 0, false, 0, false, false);
+        row("last minute of the seventh day", At(7, QTime(23, 59)), 0, false, 7, true, false);
+        row("first minute of the eighth day", At(8, QTime(0, 0)), 0, false, 7, false, false);
+        row("99 percent is not done", now + minute, 99, false, 7, true, false);
+        row("done", now - 1, 100, false, 7, false, false);
+        row("archived semester", now + 1, 0, true, 7, false, false);
     }
     void window()
     {
@@ -69,8 +77,10 @@ private slots:
         QFETCH(int, days);
         QFETCH(bool, listed);
         QFETCH(bool, pastDue);
-        const quint32 course = Records::Course(u"Chemistry"_s, archived ? Records::Semester(u"Fall"_s) : 0);
-        const quint32 id = Records::Coursework(course, 0, u"Lab report"_s, -1, -1, due, quint16(completed));
+        const quint32 course =
+            Records::Course(u"Chemistry"_s, archived ? Records::Semester(u"Fall"_s) : 0);
+        const quint32 id =
+            Records::Coursework(course, 0, u"Lab report"_s, -1, -1, due, quint16(completed));
 
         CDueList list;
         QVERIFY(list.Read(Now, days));
@@ -90,10 +100,12 @@ private slots:
     {
         const quint32 chemistry = Records::Course(u"Chemistry"_s);
         const quint32 history = Records::Course(u"History of Art"_s);
-        const quint32 quiz = Records::Coursework(chemistry, 0, u"Quiz"_s, -1, -1, At(3, QTime(9, 0)));
+        const quint32 quiz =
+            Records::Coursework(chemistry, 0, u"Quiz"_s, -1, -1, At(3, QTime(9, 0)));
         const quint32 essay =
             Records::Coursework(history, 0, u"Essay \"Light\""_s, -1, -1, At(-2, QTime(17, 0)));
-        const quint32 reading = Records::Coursework(history, 0, u"Reading"_s, -1, -1, At(0, QTime(18, 30)));
+        const quint32 reading =
+            Records::Coursework(history, 0, u"Reading"_s, -1, -1, At(0, QTime(18, 30)));
 
         CAppStateTable::Instance().Close();
         QString error;
@@ -112,14 +124,17 @@ private slots:
                  u"2026-03-13 09:00  Chemistry       Quiz\n"_s);
         auto object = [](quint32 id, const QString& name, const QString& course, const QString& due,
                          bool pastDue) {
-            return QJsonObject{{u"id"_s, qint64(id)}, {u"name"_s, name},       {u"course"_s, course},
-                               {u"due"_s, due},       {u"pastDue"_s, pastDue}, {u"completed"_s, 0}};
+            return QJsonObject{{u"id"_s, qint64(id)},   {u"name"_s, name},
+                               {u"course"_s, course},   {u"due"_s, due},
+                               {u"pastDue"_s, pastDue}, {u"completed"_s, 0}};
         };
         const QJsonArray json{
-            object(essay, u"Essay \"Light\""_s, u"History of Art"_s, u"2026-03-08T17:00:00"_s, true),
+            object(essay, u"Essay \"Light\""_s, u"History of Art"_s, u"2026-03-08T17:00:00"_s,
+                   true),
             object(reading, u"Reading"_s, u"History of Art"_s, u"2026-03-10T18:30:00"_s, false),
             object(quiz, u"Quiz"_s, u"Chemistry"_s, u"2026-03-13T09:00:00"_s, false)};
-        QCOMPARE(QJsonDocument::fromJson(DueListFormat::Json(list.Items())).toJson(QJsonDocument::Compact),
+        QCOMPARE(QJsonDocument::fromJson(DueListFormat::Json(list.Items()))
+                     .toJson(QJsonDocument::Compact),
                  QJsonDocument(json).toJson(QJsonDocument::Compact));
     }
 
@@ -138,9 +153,59 @@ private slots:
         QVERIFY(m_db->Reopen());
     }
 
+    // The tray menu: past-due items marked by their icon, each opening its
+    // coursework, then Open Brindle and Quit.
+    void trayMenu()
+    {
+        const DueItem late{.courseworkId = 41,
+                           .name = u"Essay"_s,
+                           .course = u"History"_s,
+                           .due = Now.addDays(-1),
+                           .pastDue = true};
+        const DueItem soon{
+            .courseworkId = 42, .name = u"Quiz"_s, .course = u"History"_s, .due = Now.addDays(1)};
+        QMenu menu;
+        CTodayTray::FillMenu(&menu, {late, soon}, QString());
+        const QList<QAction*> actions = menu.actions();
+        QCOMPARE(actions.size(), 5); // two items, separator, Open Brindle, Quit
+        QVERIFY(actions[0]->text().contains(u"Essay"_s) &&
+                actions[0]->text().contains(u"History"_s));
+        QCOMPARE(actions[3]->text(), u"&Open Brindle"_s);
+        QCOMPARE(actions[4]->text(), u"&Quit"_s);
+        QVERIFY(!actions[0]->icon().isNull() && actions[1]->icon().isNull());
+        QCOMPARE(actions[0]->data().toUInt(), 41u);
+        QCOMPARE(actions[1]->data().toUInt(), 42u);
+    }
+
+    // Paused through Brindle's settings, the companion lets go of the
+    // database; switched on again, it notices by itself.
+    void pausedTrayLetsGoOfTheDatabase()
+    {
+        Records::Coursework(Records::Course(u"Chemistry"_s), 0, u"Lab"_s, -1, -1,
+                            BrindleDate::FromDateTime(QDateTime::currentDateTime().addDays(1)));
+        CAppStateTable::Instance().Close();
+        CDataTable::GetMount()->Unmount();
+
+        const QString settings = m_db->Folder() + u"/Brindle.ini"_s;
+        CTodaySwitch brindle(settings);
+        QVERIFY(brindle.SetEnabled(0));
+        CTodayTray tray(m_db->Path(), settings, 7, nullptr);
+        tray.Refresh();
+        QCOMPARE(tray.Menu()->actions().first()->text(), u"paused"_s);
+        QVERIFY(!CDataTable::GetMount()->IsMounted());
+        // What a restore does while the companion is paused.
+        QVERIFY(QFile::rename(m_db->Path(), m_db->Path() + u"2"_s));
+        QVERIFY(QFile::rename(m_db->Path() + u"2"_s, m_db->Path()));
+
+        QVERIFY(brindle.SetEnabled(1));
+        QTRY_VERIFY(tray.Menu()->actions().first()->text().contains(u"Lab"_s));
+        QVERIFY(!CDataTable::GetMount()->IsMounted());
+        QVERIFY(m_db->Reopen());
+    }
+
 private:
     std::optional<TestDatabase> m_db;
 };
 
-QTEST_GUILESS_MAIN(TestDueList)
+QTEST_MAIN(TestDueList)
 #include "tst_duelist.moc"
