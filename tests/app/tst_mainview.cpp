@@ -150,8 +150,6 @@ private slots:
         // Biology's open items are due on the 2nd and the 9th; due by is the 10th.
         QTest::newRow("type tab, one course") << true << 1u << true << false << 1;
         QTest::newRow("type tab, all courses, with headers") << false << 1u << false << false << 5;
-        QTest::newRow("past due") << true << 2u << false << false << 1;
-        QTest::newRow("course week") << true << 3u << false << false << 1;
         QTest::newRow("due by") << true << 4u << false << true << 2;
         QTest::newRow("no filter") << true << 0u << false << false << 2;
     }
