@@ -8,7 +8,7 @@
 // Faults tried, each caught: DatabaseClear committing each course's removal on
 // its own (clear, "refused part-way"); the file check without its newer-schema
 // test and a restore whose mount fails not putting ".db2" back
-// (failedRestoreKeepsTheOldDatabase, "newer schema" and "tables cannot be
+// (restoreLeavesAWorkingDatabase, "newer schema" and "tables cannot be
 // made"); closing the dialog switching Today on whatever it was before
 // (todaySwitch, "off" and "no switch").
 #include "BrindleData.h"
@@ -19,6 +19,7 @@
 #include "maintenance/DatabaseOptionsDlg.h"
 #include "maintenance/DatabaseRestore.h"
 #include "maintenance/DatabaseVolume.h"
+#include "res/strings/DatabaseStrings.h"
 #include "store/Clock.h"
 #include "support/DatabaseFiles.h"
 #include "support/DatabaseTest.h"
@@ -100,40 +101,69 @@ private slots:
         DatabaseTest::cleanup();
     }
 
-    void backupHoldsTheSameRecords()
+    void backup_data()
     {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("reasonPart"); // empty: backed up (or cancelled)
+        // An older backup of the same name is replaced; the user asked for it.
+        QTest::newRow("over an older backup") << u"good"_s << QString();
+        QTest::newRow("cancelled") << u"cancel"_s << QString();
+        QTest::newRow("database is not one") << u"text"_s << u"not a database"_s;
+        QTest::newRow("database from another program") << u"foreign"_s << u"another program"_s;
+        // Someone else's file at the temporary path.
+        QTest::newRow("file at the temporary path") << u"obstacle"_s << u"in the way"_s;
+    }
+
+    void backup()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, reasonPart);
+        const bool cancel = kind == u"cancel"_s;
+        const bool obstacle = kind == u"obstacle"_s;
         const quint32 course = Records::Course(u"Geology"_s);
         Records::Coursework(course, Records::CwType(course, u"Lab"_s), u"Core samples"_s, 8, 10);
-        Records::Semester(u"Spring 2025"_s);
-        // An older backup of the same name is replaced; the user asked for it.
         const QString target = Beside(u"Brindle 1-1-2006.db"_s);
+        const QString temporary = target + u".tmp"_s;
         QVERIFY(Write(target, "an older backup"));
         QVERIFY(QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                                   QFileDevice::ReadOther));
+        QVERIFY(!obstacle || Write(temporary, "someone else's"));
         DatabaseOptionsDlg dialog;
-        FileAnswers files({QString(), target, target});
+        if (kind == u"foreign"_s) {
+            QVERIFY(QFile::remove(m_db->Path()));
+            QVERIFY(Execute(m_db->Path(), "CREATE TABLE Photos (id INTEGER)"));
+        } else if (kind == u"text"_s) {
+            QVERIFY(Write(m_db->Path(), "plain text"));
+        }
+        FileAnswers files({cancel ? QString() : target});
         MessageAnswers messages;
-        QVERIFY(!dialog.OnBackup()); // cancelled
-        QVERIFY(messages.Texts().isEmpty() && Read(target) == "an older backup");
-        QVERIFY(dialog.OnBackup());
-        const BrindleFileDialog::Request& request = files.Requests().constLast();
+
+        const bool backedUp = !cancel && reasonPart.isEmpty();
+        QCOMPARE(dialog.OnBackup(), backedUp);
+        const BrindleFileDialog::Request& request = files.Requests().constFirst();
         QCOMPARE(request.kind, BrindleFileDialog::Request::Save);
         QCOMPARE(request.suggestedName, u"Brindle 1-1-2006.db"_s);
+        QCOMPARE(request.defaultSuffix, u"db"_s);
+        if (!backedUp) {
+            // A copy that cannot be proven is not called a backup; the target
+            // and someone else's file stay, no copy of ours is left.
+            QCOMPARE(messages.Texts().size(), cancel ? 0 : 1);
+            QVERIFY2(cancel || messages.Texts().constFirst().contains(reasonPart),
+                     qPrintable(messages.Texts().value(0)));
+            QCOMPARE(Read(target), QByteArray("an older backup"));
+            QCOMPARE(Read(temporary), QByteArray(obstacle ? "someone else's" : ""));
+            QCOMPARE(QFileInfo::exists(temporary), obstacle);
+            return;
+        }
+        QCOMPARE(messages.Texts(), QStringList({u"The database has been backed up"_s}));
         QCOMPARE(DatabaseBackup::SuggestedName(QDate(2005, 7, 4)), u"Brindle 7-4-2005.db"_s);
         QCOMPARE(DatabaseBackup::SuggestedName(QDate(987, 12, 31)), u"Brindle 12-31-987.db"_s);
-        QCOMPARE(request.defaultSuffix, u"db"_s);
-        QCOMPARE(messages.Texts(), QStringList({u"The database has been backed up"_s}));
         QCOMPARE(Dump(target), Dump(m_db->Path()));
         QVERIFY(Dump(target).join(u'\n').contains(u"Core samples"_s));
         QCOMPARE(QFileInfo(target).permissions(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                                       QFileDevice::ReadUser |
                                                       QFileDevice::WriteUser);
-        QVERIFY(!QFileInfo::exists(target + u".tmp"_s));
-        // A copy that cannot be proven is not called a backup.
-        QVERIFY(Write(target + u".tmp"_s, "in the way"));
-        QVERIFY(!dialog.OnBackup());
-        QVERIFY2(messages.Texts().constLast().contains(target + u".tmp"_s),
-                 qPrintable(messages.Texts().constLast()));
+        QVERIFY(!QFileInfo::exists(temporary));
         // Brindle itself opens the copy.
         SetDatabasePath(target);
         QVERIFY(DatabaseVolume::Reopen().ok);
@@ -142,42 +172,7 @@ private slots:
         SetDatabasePath(m_db->Path());
     }
 
-    void backupFailureLeavesTheTargetAsItWas_data()
-    {
-        QTest::addColumn<QByteArray>("database"); // written over it; empty: a good one
-        QTest::addColumn<QString>("reasonPart");
-        QTest::newRow("database is not one") << QByteArray("plain text") << u"not a database"_s;
-        QTest::newRow("database from another program")
-            << QByteArray("foreign") << u"another program"_s;
-        QTest::newRow("file at the temporary path") << QByteArray() << u"in the way"_s;
-    }
-
-    void backupFailureLeavesTheTargetAsItWas()
-    {
-        QFETCH(QByteArray, database);
-        QFETCH(QString, reasonPart);
-        DatabaseVolume::Release();
-        if (database == "foreign") {
-            QVERIFY(QFile::remove(m_db->Path()));
-            QVERIFY(Execute(m_db->Path(), "CREATE TABLE Photos (id INTEGER)"));
-        } else if (!database.isEmpty()) {
-            QVERIFY(Write(m_db->Path(), database));
-        }
-        const QString target = Beside(u"backup.db"_s);
-        const QString temporary = target + u".tmp"_s;
-        const bool obstacle = database.isEmpty();
-        QVERIFY(Write(target, "the backup of last week"));
-        QVERIFY(!obstacle || Write(temporary, "someone else's"));
-
-        const MaintenanceResult result = DatabaseBackup::Backup(m_db->Path(), target);
-        QVERIFY2(!result.ok && result.reason.contains(reasonPart), qPrintable(result.reason));
-        QCOMPARE(Read(target), QByteArray("the backup of last week"));
-        // Someone else's file at the temporary path stays; no copy of ours is left.
-        QCOMPARE(Read(temporary), QByteArray(obstacle ? "someone else's" : ""));
-        QCOMPARE(QFileInfo::exists(temporary), obstacle);
-    }
-
-    void failedRestoreKeepsTheOldDatabase_data()
+    void restoreLeavesAWorkingDatabase_data()
     {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("reasonPart"); // a refusal names the chosen file and why
@@ -194,9 +189,13 @@ private slots:
         QTest::newRow("file at the .db2 path") << u"aside"_s << QString();
         QTest::newRow("read-only folder") << u"read-only"_s << QString();
         QTest::newRow("tables cannot be made") << u"trigger"_s << QString();
+        // The database restored onto itself keeps every record.
+        QTest::newRow("itself") << u"itself"_s << QString();
+        QTest::newRow("itself, through its folder again") << u"itself dotted"_s << QString();
+        QTest::newRow("itself, through a link") << u"itself link"_s << QString();
     }
 
-    void failedRestoreKeepsTheOldDatabase()
+    void restoreLeavesAWorkingDatabase()
     {
         QFETCH(QString, kind);
         QFETCH(QString, reasonPart);
@@ -206,16 +205,20 @@ private slots:
         const QString standing = kind == u"temporary"_s ? temporary
                                  : kind == u"aside"_s   ? aside
                                                         : QString();
-        if (kind == u"text"_s) {
-            QVERIFY(Write(chosen, "Course,Grade\nBotany,A\n"));
-        } else if (kind == u"empty"_s) {
-            QVERIFY(Write(chosen, QByteArray()));
-        } else if (kind == u"foreign"_s) {
-            QVERIFY(Execute(chosen, "CREATE TABLE Songs (title TEXT)"));
-        } else if (kind == u"blank"_s) {
-            QVERIFY(Execute(chosen, "PRAGMA user_version = 0; VACUUM"));
+        const bool itself = kind.startsWith(u"itself"_s);
+        if (kind == u"text"_s || kind == u"empty"_s) {
+            QVERIFY(Write(chosen, kind == u"text"_s ? "Course,Grade\nBotany,A\n" : ""));
+        } else if (kind == u"foreign"_s || kind == u"blank"_s) {
+            QVERIFY(Execute(chosen, kind == u"foreign"_s ? "CREATE TABLE Songs (title TEXT)"
+                                                         : "PRAGMA user_version = 0; VACUUM"));
         } else if (kind == u"folder"_s) {
             QVERIFY(QDir().mkdir(chosen));
+        } else if (kind == u"itself"_s) {
+            chosen = m_db->Path();
+        } else if (kind == u"itself dotted"_s) {
+            chosen = Beside(u"./../"_s + QFileInfo(m_db->Folder()).fileName() + u"/Brindle.db"_s);
+        } else if (kind == u"itself link"_s) {
+            QVERIFY(QFile::link(m_db->Path(), chosen));
         } else if (kind == u"newer"_s || kind == u"truncated"_s || kind == u"damaged"_s) {
             // Enough pages that a cut or a damaged page hits the records.
             chosen = BrindleFile(u"chosen.db"_s, u"Other Course"_s, 200);
@@ -244,12 +247,14 @@ private slots:
         }
         DatabaseVolume::Release();
         const QByteArray old = Hash(m_db->Path());
+        const QStringList before = Dump(m_db->Path());
         QVERIFY(!old.isEmpty());
 
         const MaintenanceResult result = DatabaseRestore::Restore(chosen);
         QFile::setPermissions(m_db->Folder(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                                   QFileDevice::ExeOwner);
-        QVERIFY(!result.ok && !result.reason.isEmpty());
+        QVERIFY2(result.ok == itself && (itself || !result.reason.isEmpty()),
+                 qPrintable(result.reason));
         if (!reasonPart.isEmpty())
             QVERIFY2(result.reason.contains(reasonPart) && result.reason.contains(chosen),
                      qPrintable(result.reason));
@@ -257,38 +262,13 @@ private slots:
             QCOMPARE(Read(standing), QByteArray("not Brindle's"));
             QVERIFY(QFile::remove(standing));
         }
-        // The old database's bytes unchanged, nothing left beside them, and
-        // Brindle opens them.
-        QCOMPARE(Hash(m_db->Path()), old);
+        // The old database's records (after a failure its very bytes), nothing
+        // left beside them, and Brindle opens them.
+        QVERIFY(itself || Hash(m_db->Path()) == old);
+        QCOMPARE(Dump(m_db->Path()), before);
         QVERIFY(!QFileInfo::exists(aside) && !QFileInfo::exists(temporary));
         QVERIFY(DatabaseVolume::Reopen().ok);
         QCOMPARE(Records::Rows("SELECT CourseName FROM Course"), QStringList{u"Old Course"_s});
-    }
-
-    void restoringTheDatabaseItself_data()
-    {
-        QTest::addColumn<QString>("spelling");
-        QTest::newRow("its own path") << u"same"_s;
-        QTest::newRow("through its folder again") << u"dotted"_s;
-        QTest::newRow("through a link") << u"link"_s;
-    }
-
-    void restoringTheDatabaseItself()
-    {
-        QFETCH(QString, spelling);
-        DatabaseVolume::Release();
-        const QStringList before = Dump(m_db->Path());
-        QString chosen = m_db->Path();
-        if (spelling == u"dotted"_s) {
-            chosen = Beside(u"./../"_s + QFileInfo(m_db->Folder()).fileName() + u"/Brindle.db"_s);
-        } else if (spelling == u"link"_s) {
-            chosen = Beside(u"link.db"_s);
-            QVERIFY(QFile::link(m_db->Path(), chosen));
-        }
-        const MaintenanceResult result = DatabaseRestore::Restore(chosen);
-        QVERIFY2(result.ok, qPrintable(result.reason));
-        QCOMPARE(Dump(m_db->Path()), before);
-        QVERIFY(!QFileInfo::exists(DatabaseRestore::AsidePath(m_db->Path())));
     }
 
     void todaySwitch_data()
@@ -356,7 +336,13 @@ private slots:
         state.SetCurrentCourseID(current);
         state.SetShowDone(1);
         QVERIFY(state.UpdateRecord());
-        const int grades = Records::Count("GradeScale");
+        QVERIFY(CDataTable::GetMount()->Execute("UPDATE GPAInfo SET TotalPastHours = 42"));
+        auto kept = [] {
+            return Records::Rows("SELECT * FROM Semester") +
+                   Records::Rows("SELECT * FROM GPAInfo") +
+                   Records::Rows("SELECT * FROM GradeScale");
+        };
+        const QStringList before = kept();
         if (refused)
             QVERIFY(CDataTable::GetMount()->Execute(
                 "CREATE TRIGGER Refuse BEFORE DELETE ON Course WHEN OLD.CourseName = 'History' "
@@ -366,22 +352,15 @@ private slots:
         DatabaseOptionsDlg dialog;
         MessageAnswers messages({QMessageBox::StandardButton(answer)});
         QCOMPARE(dialog.OnClear(), cleared);
-        QCOMPARE(messages.Texts().constFirst(),
-                 u"Clearing a database will remove all the courses and this change cannot be "
-                 "undone.\n\nAre you sure you want to clear the databaes?"_s);
+        QCOMPARE(messages.Texts().constFirst(), DatabaseStrings::ConfirmClear());
         QCOMPARE(messages.Texts().size(), answer == QMessageBox::Yes ? 2 : 1);
-        if (answer == QMessageBox::Yes)
-            QVERIFY2(messages.Texts().constLast().startsWith(
-                         refused ? u"The database could not be cleared; nothing was removed."_s
-                                 : u"The database has been cleared"_s),
-                     qPrintable(messages.Texts().constLast()));
+        QCOMPARE(messages.Texts().constLast() == DatabaseStrings::Cleared(), cleared);
         QCOMPARE(dialog.DatabaseChanged(), cleared);
         QVERIFY(dialog.Finish().ok);
 
         for (const char* table : {"Course", "CourseOrder", "Coursework", "CwType", "GradingPolicy"})
             QVERIFY2((Records::Count(table) == 0) == cleared, table);
-        QCOMPARE(Records::Count("Semester"), 1);
-        QCOMPARE(Records::Count("GradeScale"), grades);
+        QCOMPARE(kept(), before);
         QCOMPARE(Records::Count("AppState"), 1);
         QCOMPARE(state.GetShowDone(), 1);
         QCOMPARE(state.GetCurrentCourseID(), cleared ? AllCoursesID : current);
