@@ -1,15 +1,17 @@
 #include "CourseDlg.h"
 
 #include "BrindleData.h"
+#include "BuildingLookup.h"
 #include "CourseDlgBasicPage.h"
 #include "CourseDlgBooksPage.h"
 #include "CourseRemoval.h"
 #include "GradeCalculation.h"
 #include "InstructorDlg.h"
 #include "RoomPage.h"
+#include "TableWalk.h"
+#include "TextbookOrder.h"
 #include "TimeListPage.h"
 #include "controls/DialogRunner.h"
-#include "controls/HelpViewer.h"
 #include "controls/MessageBox.h"
 #include "controls/Mnemonic.h"
 #include "controls/NumericEdit.h"
@@ -18,52 +20,25 @@
 #include "res/strings/EditorStrings.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QTabBar>
 #include <QTabWidget>
-#include <QVBoxLayout>
-
-#include <algorithm>
 
 CourseDlg::CourseDlg(QWidget* parent)
-    : QDialog(parent), m_menuBar(new QMenuBar(this)), m_pages(new QTabWidget(this)),
-      m_basicPage(new CCourseBasicPage(m_pages)), m_booksPage(new CCourseBooksPage(m_pages)),
-      m_timesPage(new CTimeListPage(QStringLiteral(":/images/times.svg"), m_pages)),
-      m_roomPage(new CRoomPage(true, QStringLiteral(":/images/room.svg"), m_pages)),
-      m_buttons(new QDialogButtonBox(
-          QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this))
+    : CPagedEditorDlg(QStringLiteral("CourseDlg"), parent),
+      m_basicPage(new CCourseBasicPage(Pages())), m_booksPage(new CCourseBooksPage(Pages())),
+      m_timesPage(new CTimeListPage(QStringLiteral(":/images/times.svg"), Pages())),
+      m_roomPage(new CRoomPage(true, QStringLiteral(":/images/room.svg"), Pages()))
 {
-    setObjectName(QStringLiteral("CourseDlg"));
     m_course.Open();
-
-    m_pages->setObjectName(QStringLiteral("pages"));
     m_timesPage->setObjectName(QStringLiteral("timesPage"));
-    m_pages->addTab(m_basicPage, EditorStrings::PageBasicInfo());
-    m_pages->addTab(m_booksPage, EditorStrings::PageBooks());
-    m_pages->addTab(m_timesPage, EditorStrings::PageTimes());
-    m_pages->addTab(m_roomPage, EditorStrings::PageRoom());
+    AddPage(m_basicPage, EditorStrings::PageBasicInfo());
+    AddEditorPage(m_booksPage, EditorStrings::PageBooks());
+    AddEditorPage(m_timesPage, EditorStrings::PageTimes());
+    AddPage(m_roomPage, EditorStrings::PageRoom());
     m_booksPage->Bind(&m_textbooks, &m_removedTextbookIds);
     m_timesPage->Bind(&m_times, &m_removedTimeIds);
-    connect(m_booksPage, &CListEditPage::EditorOpenChanged, this, &CourseDlg::SetEditorOpen);
-    connect(m_timesPage, &CListEditPage::EditorOpenChanged, this, &CourseDlg::SetEditorOpen);
-
-    m_buttons->setObjectName(QStringLiteral("buttons"));
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &CourseDlg::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &CourseDlg::reject);
     BuildMenu();
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setMenuBar(m_menuBar);
-    layout->addWidget(m_pages, 1);
-    layout->addWidget(m_buttons);
-
-    InstallHelp(this);
-    const int line = fontMetrics().height();
-    resize(line * 26, line * 28);
 }
 
 CourseDlg::~CourseDlg()
@@ -75,11 +50,10 @@ CourseDlg::~CourseDlg()
 
 void CourseDlg::BuildMenu()
 {
-    m_menuBar->setObjectName(QStringLiteral("menuBar"));
-    QMenu* advanced = m_menuBar->addMenu(WithMnemonic(EditorStrings::MenuAdvanced()));
+    QMenu* advanced = MenuBar()->addMenu(WithMnemonic(EditorStrings::MenuAdvanced()));
     advanced->setObjectName(QStringLiteral("menuAdvanced"));
-    m_gradingAction = advanced->addAction(EditorStrings::Grading(), this, &CourseDlg::OnGrading);
-    m_gradingAction->setObjectName(QStringLiteral("actionGrading"));
+    advanced->addAction(EditorStrings::Grading(), this, &CourseDlg::OnGrading)
+        ->setObjectName(QStringLiteral("actionGrading"));
     advanced->addAction(EditorStrings::Instructor(), this, &CourseDlg::OnInstructor)
         ->setObjectName(QStringLiteral("actionInstructor"));
     advanced->addAction(EditorStrings::Details(), this, &CourseDlg::OnDetails)
@@ -118,63 +92,76 @@ void CourseDlg::OnInitDialog()
         m_course.MoveToRecord(m_courseId);
     }
 
-    m_basicPage->DeptEdit()->setText(m_course.GetDepartment());
-    // Hours not given (a negative marker) show as an empty field.
-    const double hours = m_course.GetCourseHours();
-    m_basicPage->HoursEdit()->SetValue(hours < 0.0 ? CNumericEdit::EmptyValue : hours);
-    m_basicPage->NameEdit()->setText(m_course.GetCourseName());
-    m_basicPage->SectionEdit()->setText(m_course.GetCourseSection());
-    m_basicPage->NumberEdit()->setText(m_course.GetCourseNumber());
-    m_roomPage->RoomNumberEdit()->setText(m_course.GetRoomNumber());
-    m_roomPage->WebSiteEdit()->setText(m_course.GetCourseWebSite());
-    m_basicPage->InMajorBox()->setChecked(m_course.GetInMajor() != 0);
-    m_details = m_course.GetDetails();
-
+    LoadEntry();
     LoadTimes();
     LoadTextbooks();
-
     m_roomPage->LoadBuildings();
-    m_roomPage->SelectBuilding(m_course.GetBuildingID());
+    ShowEntry();
 
-    m_pages->setCurrentIndex(0);
+    Pages()->setCurrentIndex(0);
     if (m_startOnBooks)
         ApplyStartOnBooks();
+}
+
+void CourseDlg::LoadEntry()
+{
+    m_entry.name = m_course.GetCourseName();
+    m_entry.number = m_course.GetCourseNumber();
+    m_entry.section = m_course.GetCourseSection();
+    m_entry.department = m_course.GetDepartment();
+    // Hours not given are stored as a negative marker.
+    const double hours = m_course.GetCourseHours();
+    m_entry.hours = hours < 0.0 ? CourseEntry::NoHours : hours;
+    m_entry.inMajor = m_course.GetInMajor() != 0;
+    m_entry.roomNumber = m_course.GetRoomNumber();
+    m_entry.webSite = m_course.GetCourseWebSite();
+    m_entry.buildingName = CBuildingTable::GetBuildingNameFromID(m_course.GetBuildingID());
+    m_entry.details = m_course.GetDetails();
+}
+
+void CourseDlg::ShowEntry()
+{
+    m_basicPage->NameEdit()->setText(m_entry.name);
+    m_basicPage->NumberEdit()->setText(m_entry.number);
+    m_basicPage->SectionEdit()->setText(m_entry.section);
+    m_basicPage->DeptEdit()->setText(m_entry.department);
+    m_basicPage->HoursEdit()->SetValue(m_entry.hours);
+    m_basicPage->InMajorBox()->setChecked(m_entry.inMajor);
+    m_roomPage->RoomNumberEdit()->setText(m_entry.roomNumber);
+    m_roomPage->WebSiteEdit()->setText(m_entry.webSite);
+    m_roomPage->SelectBuildingName(m_entry.buildingName);
+}
+
+void CourseDlg::CollectEntry()
+{
+    m_entry.name = m_basicPage->NameEdit()->text();
+    m_entry.number = m_basicPage->NumberEdit()->text();
+    m_entry.section = m_basicPage->SectionEdit()->text();
+    m_entry.department = m_basicPage->DeptEdit()->text();
+    m_entry.hours = m_basicPage->HoursEdit()->Value();
+    m_entry.inMajor = m_basicPage->InMajorBox()->isChecked();
+    m_entry.roomNumber = m_roomPage->RoomNumberEdit()->text();
+    m_entry.webSite = m_roomPage->WebSiteEdit()->text();
+    m_entry.buildingName = m_roomPage->BuildingText();
 }
 
 void CourseDlg::LoadTimes()
 {
     m_times.clear();
-    CTimeTable times;
-    if (times.Open(0)) {
-        const CCeDBProp key(m_courseId);
-        times.SetSeekValue(&key, CDataTable::SeekValueEqual);
-        for (int ok = times.MoveFirst(1); ok; ok = times.MoveNext(1))
-            m_times.push_back({times.GetRecordID(), times.GetDayOfWeek(), times.GetStartTime(),
-                               times.GetEndTime()});
-    }
+    ForEachRow<CTimeTable>(0, m_courseId, [this](CTimeTable& times) {
+        m_times.push_back(
+            {times.GetRecordID(), times.GetDayOfWeek(), times.GetStartTime(), times.GetEndTime()});
+    });
     m_timesPage->Redraw();
 }
 
 void CourseDlg::LoadTextbooks()
 {
     m_textbooks.clear();
-    std::vector<std::pair<quint32, quint16>> order; // (textbook id, position)
-    {
-        CTextbookOrderTable orders;
-        if (orders.Open(1)) {
-            const CCeDBProp key(m_courseId);
-            orders.SetSeekValue(&key, CDataTable::SeekValueEqual);
-            for (int ok = orders.MoveFirst(1); ok; ok = orders.MoveNext(1))
-                order.emplace_back(orders.GetTextbookID(), orders.GetTextbookPosition());
-        }
-    }
-    std::stable_sort(order.begin(), order.end(),
-                     [](const auto& a, const auto& b) { return a.second < b.second; });
-
     CTextbookTable textbooks;
     if (textbooks.Open()) {
         // An order row whose textbook is gone is passed over.
-        for (const auto& [id, position] : order) {
+        for (quint32 id : GetTextbookIDsInOrder(m_courseId)) {
             if (textbooks.MoveToRecord(id))
                 m_textbooks.push_back(
                     {id, textbooks.GetTextbookName(), textbooks.GetAuthor(), textbooks.GetCost()});
@@ -187,24 +174,9 @@ void CourseDlg::ApplyStartOnBooks()
 {
     if (!m_startOnBooks)
         return;
-    m_pages->setCurrentWidget(m_booksPage);
+    Pages()->setCurrentWidget(m_booksPage);
     if (!m_booksPage->IsEditorOpen())
         m_booksPage->NewTextbook();
-}
-
-void CourseDlg::SetEditorOpen(bool open)
-{
-    m_pages->tabBar()->setEnabled(!open);
-    // The other pages wait too, so that Ctrl+Tab cannot reach them either.
-    const QObject* editorPage = sender();
-    for (int i = 0; i < m_pages->count(); ++i) {
-        if (m_pages->widget(i) != editorPage)
-            m_pages->setTabEnabled(i, !open);
-    }
-    m_menuBar->setEnabled(!open);
-    m_buttons->setEnabled(!open);
-    if (!open)
-        m_buttons->button(QDialogButtonBox::Ok)->setDefault(true);
 }
 
 bool CourseDlg::IsDuplicateName(const QString& name) const
@@ -221,6 +193,19 @@ bool CourseDlg::IsDuplicateName(const QString& name) const
     return false;
 }
 
+QString CourseDlg::Refusal(QWidget** field) const
+{
+    *field = m_basicPage->NameEdit();
+    if (m_entry.name.isEmpty())
+        return EditorStrings::NoCourseName();
+    if (IsDuplicateName(m_entry.name))
+        return EditorStrings::DuplicateCourseName(m_entry.name);
+    *field = m_basicPage->HoursEdit();
+    if (m_entry.hours != CourseEntry::NoHours && m_entry.hours < 0.0)
+        return EditorStrings::HoursOutOfRange();
+    return QString();
+}
+
 bool CourseDlg::OnOK()
 {
     // An entry editor left open is finished first, as its own OK would.
@@ -229,84 +214,63 @@ bool CourseDlg::OnOK()
         if (page->IsEditorOpen() && !page->FinishEditor(true))
             return false;
     }
+    CollectEntry();
+    return Save();
+}
 
-    const QString name = m_basicPage->NameEdit()->text();
-    if (name.isEmpty()) {
-        BrindleMessageBox::Inform(this, EditorStrings::NoCourseName());
-        m_pages->setCurrentWidget(m_basicPage);
-        m_basicPage->NameEdit()->setFocus();
-        return false;
-    }
-    if (IsDuplicateName(name)) {
-        BrindleMessageBox::Inform(this, EditorStrings::DuplicateCourseName(name));
-        m_pages->setCurrentWidget(m_basicPage);
-        m_basicPage->NameEdit()->setFocus();
-        return false;
-    }
-    const double hours = m_basicPage->HoursEdit()->Value();
-    if (!m_basicPage->HoursEdit()->IsEmpty() && hours < 0.0) {
-        BrindleMessageBox::Inform(this, EditorStrings::HoursOutOfRange());
-        m_pages->setCurrentWidget(m_basicPage);
-        m_basicPage->HoursEdit()->setFocus();
+bool CourseDlg::Save()
+{
+    QWidget* field = nullptr;
+    if (const QString refusal = Refusal(&field); !refusal.isEmpty()) {
+        BrindleMessageBox::Inform(this, refusal);
+        Pages()->setCurrentWidget(m_basicPage);
+        field->setFocus();
         return false;
     }
 
     CTransaction transaction;
-    m_course.SetCourseName(name);
-    m_course.SetCourseNumber(m_basicPage->NumberEdit()->text());
-    m_course.SetDepartment(m_basicPage->DeptEdit()->text());
-    m_course.SetCourseHours(hours);
-    m_course.SetCourseSection(m_basicPage->SectionEdit()->text());
-    m_course.SetRoomNumber(m_roomPage->RoomNumberEdit()->text());
-    m_course.SetCourseWebSite(m_roomPage->WebSiteEdit()->text());
-    m_course.SetInMajor(m_basicPage->InMajorBox()->isChecked() ? 1 : 0);
-    m_course.SetDetails(m_details);
-
-    const QString building = m_roomPage->BuildingText();
-    quint32 buildingId = 0;
-    if (!building.isEmpty()) {
-        buildingId = CBuildingTable::GetBuildingIDFromName(building);
-        if (buildingId == 0) {
-            CBuildingTable buildings;
-            buildings.Open();
-            buildings.NewRecord(0);
-            buildings.SetBuildingName(building);
-            buildings.UpdateRecord();
-            buildingId = buildings.GetRecordID();
-        }
-    }
-    m_course.SetBuildingID(buildingId);
-    if (!m_course.UpdateRecord()) {
+    m_course.SetCourseName(m_entry.name);
+    m_course.SetCourseNumber(m_entry.number);
+    m_course.SetDepartment(m_entry.department);
+    m_course.SetCourseHours(m_entry.hours);
+    m_course.SetCourseSection(m_entry.section);
+    m_course.SetRoomNumber(m_entry.roomNumber);
+    m_course.SetCourseWebSite(m_entry.webSite);
+    m_course.SetInMajor(m_entry.inMajor ? 1 : 0);
+    m_course.SetDetails(m_entry.details);
+    m_course.SetBuildingID(GetOrAddBuildingID(m_entry.buildingName));
+    // A failed step or commit leaves the file as it was and the dialog open
+    // with everything typed, for another try.
+    if (!m_course.UpdateRecord() || (m_newCourse && !AddToSemesterOrder())) {
         transaction.Rollback();
         BrindleMessageBox::WarnNotSaved(this);
         return false;
     }
-
-    if (m_newCourse) {
-        CCourseOrderTable order;
-        order.Open();
-        order.NewRecord(0);
-        order.SetCourseID(m_courseId);
-        CAppStateTable& state = CAppStateTable::Instance();
-        order.SetSemesterID(state.GetCurrentSemesterID());
-        // The position is the table's record count once this row exists, every
-        // semester counted: the new course comes after all the others.
-        order.UpdateRecord();
-        order.SetCoursePosition(order.GetRecordCount());
-        order.UpdateRecord();
-        state.SetCurrentCourseID(m_courseId);
-        state.UpdateRecord();
-    }
-
     SaveTimes();
     SaveTextbooks();
-    // A failed step or commit leaves the file as it was and the dialog open
-    // with everything typed, for another try.
     if (!transaction.Commit()) {
         BrindleMessageBox::WarnNotSaved(this);
         return false;
     }
     return true;
+}
+
+bool CourseDlg::AddToSemesterOrder()
+{
+    CCourseOrderTable order;
+    if (!order.Open())
+        return false;
+    order.NewRecord(0);
+    order.SetCourseID(m_courseId);
+    CAppStateTable& state = CAppStateTable::Instance();
+    order.SetSemesterID(state.GetCurrentSemesterID());
+    // The position is the table's record count once this row exists, every
+    // semester counted: the new course comes after all the others.
+    if (!order.UpdateRecord())
+        return false;
+    order.SetCoursePosition(order.GetRecordCount());
+    state.SetCurrentCourseID(m_courseId);
+    return order.UpdateRecord() && state.UpdateRecord();
 }
 
 void CourseDlg::SaveTimes()
@@ -342,15 +306,10 @@ void CourseDlg::DeleteTextbookWithCascade(quint32 textbookId)
 
     // Its coursework is left without a textbook; the order row stays and is
     // passed over when the course is opened again.
-    CCourseworkTable coursework;
-    if (!coursework.Open(2))
-        return;
-    const CCeDBProp key(textbookId);
-    coursework.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = coursework.MoveFirst(1); ok; ok = coursework.MoveNext(1)) {
+    ForEachRow<CCourseworkTable>(2, textbookId, [](CCourseworkTable& coursework) {
         coursework.SetTextbookID(0xFFFFFFFF);
-        coursework.UpdateRecord();
-    }
+        return coursework.UpdateRecord() != 0;
+    });
 }
 
 void CourseDlg::SaveTextbooks()
@@ -424,6 +383,6 @@ void CourseDlg::OnInstructor()
 
 void CourseDlg::OnDetails()
 {
-    if (const auto text = TextDlg::Edit(this, EditorStrings::CourseDetailsTitle(), m_details))
-        m_details = *text;
+    if (const auto text = TextDlg::Edit(this, EditorStrings::CourseDetailsTitle(), m_entry.details))
+        m_entry.details = *text;
 }

@@ -2,9 +2,9 @@
 
 #include "ClassTimeEditor.h"
 #include "CourseTable.h"
+#include "PagedEditorDlg.h"
 #include "TextbookEditor.h"
-
-#include <QDialog>
+#include "controls/NumericEdit.h"
 
 #include <vector>
 
@@ -13,16 +13,30 @@ class CCourseBooksPage;
 class CRoomPage;
 class CTimeListPage;
 class QAction;
-class QDialogButtonBox;
-class QMenuBar;
-class QTabWidget;
+
+// One course's own fields as the course editor keeps them until OK.
+struct CourseEntry
+{
+    static constexpr double NoHours = CNumericEdit::EmptyValue; // not given: an empty field
+
+    QString name;
+    QString number;
+    QString section;
+    QString department;
+    double hours = NoHours;
+    bool inMajor = false;
+    QString roomNumber;
+    QString webSite;
+    QString buildingName; // empty: none
+    QString details;
+};
 
 // Creates or edits one course: its identity, textbooks, meeting times and
 // room. A new course's record exists from the moment the dialog opens (so
 // that the grading and instructor editors can refer to it); OK keeps it,
 // Cancel removes it with everything made for it. Nothing else is written
 // before OK.
-class CourseDlg : public QDialog
+class CourseDlg : public CPagedEditorDlg
 {
     Q_OBJECT
 
@@ -38,19 +52,24 @@ public:
     // Opens on the "Books" page with a new textbook started.
     void SetStartOnBooks(bool startOnBooks);
 
-    // The opening, OK and Cancel steps. OnOK returns false (and writes
-    // nothing) when a field is refused; the dialog then stays open.
+    // The opening, OK and Cancel steps. OnOK finishes an open entry editor,
+    // collects the fields into the working copy and saves it.
     void OnInitDialog();
     bool OnOK();
     void OnCancel();
+    // Checks the working copy and writes it, with the times and textbooks, in
+    // one transaction. False (nothing written, the field in question shown)
+    // when a field is refused or the write failed.
+    bool Save();
+
+    // The working copy, loaded on opening and collected from the fields by OnOK.
+    CourseEntry& Entry() { return m_entry; }
+    std::vector<ClassTimeEntry>& Times() { return m_times; }
+    std::vector<TextbookEntry>& Textbooks() { return m_textbooks; }
 
     quint32 CourseID() const { return m_courseId; }
     bool IsNewCourse() const { return m_newCourse; }
-    const std::vector<ClassTimeEntry>& Times() const { return m_times; }
-    const std::vector<TextbookEntry>& Textbooks() const { return m_textbooks; }
-    QString Details() const { return m_details; }
 
-    QTabWidget* Pages() const { return m_pages; }
     CCourseBasicPage* BasicPage() const { return m_basicPage; }
     CCourseBooksPage* BooksPage() const { return m_booksPage; }
     CTimeListPage* TimesPage() const { return m_timesPage; }
@@ -67,11 +86,16 @@ public slots:
 
 private:
     void BuildMenu();
+    void LoadEntry();
+    void ShowEntry();
+    void CollectEntry();
     void LoadTimes();
     void LoadTextbooks();
     void ApplyStartOnBooks();
-    void SetEditorOpen(bool open);
+    // The refusal of the working copy's fields, if any, and the field to show.
+    QString Refusal(QWidget** field) const;
     bool IsDuplicateName(const QString& name) const;
+    bool AddToSemesterOrder();
     void SaveTimes();
     void SaveTextbooks();
     void DeleteTextbookWithCascade(quint32 textbookId);
@@ -82,18 +106,15 @@ private:
     bool m_initialized = false;
     bool m_finished = false; // saved or removed
     bool m_startOnBooks = false;
-    QString m_details;
+    CourseEntry m_entry;
     std::vector<ClassTimeEntry> m_times;
     std::vector<TextbookEntry> m_textbooks;
     std::vector<quint32> m_removedTimeIds;
     std::vector<quint32> m_removedTextbookIds;
 
-    QMenuBar* m_menuBar;
     QAction* m_gradingAction = nullptr;
-    QTabWidget* m_pages;
     CCourseBasicPage* m_basicPage;
     CCourseBooksPage* m_booksPage;
     CTimeListPage* m_timesPage;
     CRoomPage* m_roomPage;
-    QDialogButtonBox* m_buttons;
 };

@@ -1,29 +1,17 @@
 #include "CourseDlgBasicPage.h"
 
+#include "controls/LimitedLineEdit.h"
 #include "controls/NumericEdit.h"
 #include "res/strings/EditorStrings.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QLineEdit>
-
-namespace {
-
-QLineEdit* MakeEdit(QWidget* parent, const char* name, int limit)
-{
-    auto* edit = new QLineEdit(parent);
-    edit->setObjectName(QLatin1String(name));
-    edit->setMaxLength(limit);
-    return edit;
-}
-
-} // namespace
 
 CCourseBasicPage::CCourseBasicPage(QWidget* parent)
-    : QWidget(parent), m_name(MakeEdit(this, "courseName", NameLimit)),
-      m_number(MakeEdit(this, "courseNumber", NumberLimit)),
-      m_section(MakeEdit(this, "courseSection", SectionLimit)),
-      m_dept(MakeEdit(this, "courseDept", DeptLimit)), m_hours(new CNumericEdit(this)),
+    : QWidget(parent), m_name(NewLimitedLineEdit(this, "courseName", NameLimit)),
+      m_number(NewLimitedLineEdit(this, "courseNumber", NumberLimit)),
+      m_section(NewLimitedLineEdit(this, "courseSection", SectionLimit)),
+      m_dept(NewLimitedLineEdit(this, "courseDept", DeptLimit)), m_hours(new CNumericEdit(this)),
       m_inMajor(new QCheckBox(EditorStrings::InMajor(), this))
 {
     setObjectName(QStringLiteral("basicPage"));

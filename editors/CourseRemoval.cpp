@@ -2,26 +2,8 @@
 
 #include "BrindleData.h"
 #include "CourseList.h"
+#include "TableWalk.h"
 #include "Transaction.h"
-
-namespace {
-
-// Deletes every row of the table whose key in the sort order is the course
-// id; false when a read or a delete failed.
-template <typename Table> bool DeleteRows(quint16 sortOrder, quint32 courseId)
-{
-    Table table;
-    if (!table.Open(sortOrder))
-        return false;
-    const CCeDBProp key(courseId);
-    table.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-        if (!table.DeleteRecord(0))
-            return false;
-    return !table.ReadFailed();
-}
-
-} // namespace
 
 bool RemoveCourse(quint32 courseId)
 {

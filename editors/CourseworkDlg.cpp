@@ -16,6 +16,7 @@
 #include "res/strings/CourseworkStrings.h"
 #include "store/BrindleData.h"
 #include "store/Clock.h"
+#include "store/TextbookOrder.h"
 
 #include <QComboBox>
 #include <QDateTimeEdit>
@@ -30,16 +31,16 @@
 
 namespace {
 
-// Score and points possible: an empty field means "none", -1.0.
-double PointsOf(const CNumericEdit* edit)
+// The file marks a score or points possible not given as -1.0; the working
+// copy and the fields as an empty field.
+double FromStored(double points)
 {
-    const double value = edit->Value();
-    return value == CNumericEdit::EmptyValue ? -1.0 : value;
+    return points == -1.0 ? CourseworkEntry::None : points;
 }
 
-void ShowPoints(CNumericEdit* edit, double value)
+double ToStored(double points)
 {
-    edit->SetValue(value == -1.0 ? CNumericEdit::EmptyValue : value);
+    return points == CourseworkEntry::None ? -1.0 : points;
 }
 
 } // namespace
@@ -129,7 +130,8 @@ bool CourseworkDlg::OnInitDialog()
     // Asked once the course is known, so that a course chosen from the list
     // shows its weight field too.
     ShowWeightForCourse();
-    FillFields();
+    LoadEntry();
+    ShowEntry();
     if (!m_new)
         m_export->CheckLinks(m_courseworkId);
     return true;
@@ -168,23 +170,46 @@ bool CourseworkDlg::CreateRecord()
     return transaction.Commit() != 0;
 }
 
-void CourseworkDlg::FillFields()
+void CourseworkDlg::LoadEntry()
 {
-    m_infoPage->SetProgress(std::min<int>(m_coursework.GetCompleted(), 100));
-    m_infoPage->NameEdit()->setText(m_coursework.GetCourseworkName());
-    m_infoPage->DueDateEdit()->setDateTime(BrindleDate::ToDateTime(m_coursework.GetDueDate()));
-    m_detailsPage->SetText(m_coursework.GetDetails());
-
+    m_entry.name = m_coursework.GetCourseworkName();
+    m_entry.typeId = m_coursework.GetCwTypeID();
+    m_entry.due = BrindleDate::ToDateTime(m_coursework.GetDueDate());
     // As the grade calculation sees them: in prediction mode the predicted ones.
     const EffectiveScore effective = GetEffectiveScore(m_coursework);
-    m_score = effective.score;
-    m_possible = effective.possible;
-    ShowPoints(m_infoPage->ScoreEdit(), m_score);
-    ShowPoints(m_infoPage->OutOfEdit(), m_possible);
-    m_infoPage->WeightEdit()->SetValue(m_coursework.GetWeight());
+    m_entry.score = FromStored(effective.score);
+    m_entry.possible = FromStored(effective.possible);
+    m_entry.weight = m_coursework.GetWeight();
+    m_entry.progress = std::min<int>(m_coursework.GetCompleted(), 100);
+    m_entry.textbookId = m_coursework.GetTextbookID();
+    m_entry.details = m_coursework.GetDetails();
+    m_saved = m_entry;
+}
 
-    FillTextbooks(m_coursework.GetTextbookID());
-    FillTypes(m_coursework.GetCwTypeID());
+void CourseworkDlg::ShowEntry()
+{
+    m_infoPage->SetProgress(m_entry.progress);
+    m_infoPage->NameEdit()->setText(m_entry.name);
+    m_infoPage->DueDateEdit()->setDateTime(m_entry.due);
+    m_detailsPage->SetText(m_entry.details);
+    m_infoPage->ScoreEdit()->SetValue(m_entry.score);
+    m_infoPage->OutOfEdit()->SetValue(m_entry.possible);
+    m_infoPage->WeightEdit()->SetValue(m_entry.weight);
+    FillTextbooks(m_entry.textbookId);
+    FillTypes(m_entry.typeId);
+}
+
+void CourseworkDlg::CollectEntry()
+{
+    m_entry.name = m_infoPage->NameEdit()->text();
+    m_entry.typeId = m_infoPage->TypeList()->currentData().toUInt();
+    m_entry.due = m_infoPage->DueDateEdit()->dateTime();
+    m_entry.score = m_infoPage->ScoreEdit()->Value();
+    m_entry.possible = m_infoPage->OutOfEdit()->Value();
+    m_entry.weight = m_infoPage->WeightEdit()->Value();
+    m_entry.progress = std::clamp(m_infoPage->Progress(), 0, 100);
+    m_entry.textbookId = m_infoPage->TextbookList()->currentData().toUInt();
+    m_entry.details = m_detailsPage->Text();
 }
 
 void CourseworkDlg::FillTypes(quint32 selectedTypeId)
@@ -204,20 +229,9 @@ void CourseworkDlg::FillTextbooks(quint32 selectedTextbookId)
     list->clear();
     list->addItem(CourseworkStrings::NoTextbook(), QVariant::fromValue<uint>(0));
 
-    std::vector<std::pair<quint32, quint16>> order;
-    CTextbookOrderTable rows;
-    if (rows.Open(1)) {
-        const CCeDBProp key(m_courseId);
-        rows.SetSeekValue(&key, CDataTable::SeekValueEqual);
-        for (int ok = rows.MoveFirst(1); ok; ok = rows.MoveNext(1))
-            order.emplace_back(rows.GetTextbookID(), rows.GetTextbookPosition());
-    }
-    std::stable_sort(order.begin(), order.end(),
-                     [](const auto& a, const auto& b) { return a.second < b.second; });
-
     CTextbookTable textbook;
     textbook.Open();
-    for (const auto& [textbookId, position] : order)
+    for (quint32 textbookId : GetTextbookIDsInOrder(m_courseId))
         if (textbook.MoveToRecord(textbookId))
             list->addItem(textbook.GetTextbookName(), QVariant::fromValue<uint>(textbookId));
     // A textbook that was deleted (or never chosen) shows as "No Textbook".
@@ -239,20 +253,19 @@ void CourseworkDlg::OnPointsEdited()
         m_infoPage->SetProgress(100);
 }
 
-QString CourseworkDlg::RangeProblem() const
+QString CourseworkDlg::Refusal() const
 {
+    if (m_entry.name.isEmpty())
+        return CourseworkStrings::NameEmpty();
     // Empty fields are allowed (no score, no points, no weight); typed
     // numbers count from 0 up.
-    auto negative = [](const CNumericEdit* edit) {
-        const double value = edit->Value();
-        return value != CNumericEdit::EmptyValue && value < 0.0;
-    };
-    if (negative(m_infoPage->ScoreEdit()))
+    auto negative = [](double value) { return value != CourseworkEntry::None && value < 0.0; };
+    if (negative(m_entry.score))
         return CourseworkStrings::ScoreOutOfRange();
-    if (negative(m_infoPage->OutOfEdit()))
+    if (negative(m_entry.possible))
         return CourseworkStrings::OutOfOutOfRange();
     // A hidden weight is stored as it stands; only a shown one is the user's to fix.
-    if (m_infoPage->WeightShown() && negative(m_infoPage->WeightEdit()))
+    if (m_infoPage->WeightShown() && negative(m_entry.weight))
         return CourseworkStrings::WeightOutOfRange();
     return QString();
 }
@@ -261,44 +274,34 @@ bool CourseworkDlg::Save()
 {
     if (!m_opened)
         return false;
-    m_coursework.SetCompleted(static_cast<quint16>(std::clamp(m_infoPage->Progress(), 0, 100)));
-
-    const QString name = m_infoPage->NameEdit()->text();
-    if (name.isEmpty()) {
-        BrindleMessageBox::Warn(this, CourseworkStrings::NameEmpty());
-        return false;
-    }
-    if (const QString problem = RangeProblem(); !problem.isEmpty()) {
-        BrindleMessageBox::Warn(this, problem);
+    if (const QString refusal = Refusal(); !refusal.isEmpty()) {
+        BrindleMessageBox::Warn(this, refusal);
         return false;
     }
 
     CTransaction transaction;
-    m_coursework.SetCourseworkName(name);
-    m_coursework.SetCwTypeID(m_infoPage->TypeList()->currentData().toUInt());
-    m_coursework.SetDueDate(BrindleDate::FromDateTime(m_infoPage->DueDateEdit()->dateTime()));
-
-    const double possible = PointsOf(m_infoPage->OutOfEdit());
-    const bool possibleChanged = possible != m_possible;
-    const double score = PointsOf(m_infoPage->ScoreEdit());
-    const bool scoreChanged = score != m_score;
+    m_coursework.SetCourseworkName(m_entry.name);
+    m_coursework.SetCwTypeID(m_entry.typeId);
+    m_coursework.SetDueDate(BrindleDate::FromDateTime(m_entry.due));
+    m_coursework.SetCompleted(static_cast<quint16>(m_entry.progress));
     CPredictionStore& prediction = CPredictionStore::Instance();
     if (prediction.IsActive()) {
         prediction.SetOverride(m_courseworkId,
-                               EffectiveScore{score, possible, EffectiveScore::Overridden});
+                               EffectiveScore{ToStored(m_entry.score), ToStored(m_entry.possible),
+                                              EffectiveScore::Overridden});
     } else {
-        m_coursework.SetScore(score);
-        m_coursework.SetPossible(possible);
+        m_coursework.SetScore(ToStored(m_entry.score));
+        m_coursework.SetPossible(ToStored(m_entry.possible));
     }
+    m_coursework.SetWeight(m_entry.weight);
+    m_coursework.SetTextbookID(m_entry.textbookId);
+    m_coursework.SetDetails(m_entry.details);
 
-    const double weight = m_infoPage->WeightEdit()->Value();
-    const bool weightChanged = weight != m_coursework.GetWeight();
-    m_coursework.SetWeight(weight);
-
-    m_coursework.SetTextbookID(m_infoPage->TextbookList()->currentData().toUInt());
-    m_coursework.SetDetails(m_detailsPage->Text());
-    bool saved = m_coursework.UpdateRecord() != 0;
-    if (saved && (scoreChanged || possibleChanged || weightChanged))
+    const bool gradeChanged = m_entry.score != m_saved.score ||
+                              m_entry.possible != m_saved.possible ||
+                              m_entry.weight != m_saved.weight;
+    const bool saved = m_coursework.UpdateRecord() != 0;
+    if (saved && gradeChanged)
         RecomputeCourseGrade(m_courseId);
     if (!saved)
         transaction.Rollback();
@@ -309,8 +312,7 @@ bool CourseworkDlg::Save()
         BrindleMessageBox::WarnNotSaved(this);
         return false;
     }
-    m_score = score;
-    m_possible = possible;
+    m_saved = m_entry;
     return true;
 }
 
@@ -319,8 +321,8 @@ bool CourseworkDlg::OnOK()
     QStringList failures;
     {
         // The save and the links of the export land together.
-        const double score = m_score;
-        const double possible = m_possible;
+        const CourseworkEntry saved = m_saved;
+        CollectEntry();
         CTransaction transaction;
         if (!Save())
             return false;
@@ -328,8 +330,7 @@ bool CourseworkDlg::OnOK()
         if (!transaction.Commit()) {
             // Nothing was kept: compare the next OK with what the file holds.
             m_coursework.Reload();
-            m_score = score;
-            m_possible = possible;
+            m_saved = saved;
             BrindleMessageBox::WarnNotSaved(this);
             return false;
         }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "CourseworkTable.h"
+#include "controls/NumericEdit.h"
 
+#include <QDateTime>
 #include <QDialog>
 
 class CourseworkDlgDetailsPage;
@@ -9,6 +11,22 @@ class CourseworkDlgExport;
 class CourseworkDlgInfoPage;
 class QAction;
 class QTabWidget;
+
+// One coursework as the coursework editor keeps it until OK.
+struct CourseworkEntry
+{
+    static constexpr double None = CNumericEdit::EmptyValue; // an empty field
+
+    QString name;
+    quint32 typeId = 0;
+    QDateTime due;
+    double score = None; // in prediction mode the predicted one
+    double possible = None;
+    double weight = 0.0;    // None when left empty
+    int progress = 0;       // percent, 0 to 100
+    quint32 textbookId = 0; // 0: none
+    QString details;
+};
 
 // Creates or edits one coursework. A new coursework's record exists from the
 // moment the dialog opens; OK saves it, Cancel removes it again.
@@ -32,9 +50,11 @@ public:
     // chosen, or the coursework is gone): the dialog is then done, cancelled,
     // and must not be shown.
     bool OnInitDialog();
-    // The save steps; false (the dialog stays open) when a field is refused.
+    // Checks the working copy and writes it; false (nothing written, the
+    // dialog stays open) when a field is refused or the write failed.
     bool Save();
-    // OK: save, export each checked kind (or drop its link), then close.
+    // OK: collect the fields into the working copy, save it, export each
+    // checked kind (or drop its link), all in one transaction, then close.
     bool OnOK();
     // Cancel: a new coursework's record is removed.
     void OnCancel();
@@ -46,9 +66,8 @@ public:
     quint32 CourseID() const { return m_courseId; }
     quint32 CourseworkID() const { return m_courseworkId; }
     bool IsNew() const { return m_new; }
-    // Score and points possible as they stood before the last save (-1.0: none).
-    double Score() const { return m_score; }
-    double Possible() const { return m_possible; }
+    // The working copy, loaded on opening and collected from the fields by OnOK.
+    CourseworkEntry& Entry() { return m_entry; }
 
     QTabWidget* Pages() const { return m_pages; }
     CourseworkDlgInfoPage* InfoPage() const { return m_infoPage; }
@@ -64,13 +83,15 @@ public slots:
 private:
     bool ChooseCourse();
     bool CreateRecord();
-    void FillFields();
+    void LoadEntry();
+    void ShowEntry();
+    void CollectEntry();
     void FillTypes(quint32 selectedTypeId);
     void FillTextbooks(quint32 selectedTextbookId);
     void ShowWeightForCourse();
     void OnPointsEdited();
-    // A message for the first numeric field that holds a negative number.
-    QString RangeProblem() const;
+    // A message for the working copy's first refused field, if any.
+    QString Refusal() const;
 
     CCourseworkTable m_coursework; // open on the edited record for the dialog's life
     quint32 m_courseId = NoCourseID;
@@ -78,8 +99,8 @@ private:
     bool m_new = false;
     bool m_opened = false;
     bool m_finished = false; // saved or removed
-    double m_score = -1.0;
-    double m_possible = -1.0;
+    CourseworkEntry m_entry;
+    CourseworkEntry m_saved; // what the file holds, to tell what OK changes
 
     QTabWidget* m_pages;
     CourseworkDlgInfoPage* m_infoPage;

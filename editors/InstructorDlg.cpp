@@ -1,88 +1,46 @@
 #include "InstructorDlg.h"
 
 #include "BrindleData.h"
+#include "BuildingLookup.h"
 #include "InstructorDlgBasicPage.h"
 #include "InstructorDlgExport.h"
 #include "RoomPage.h"
+#include "TableWalk.h"
 #include "TimeListPage.h"
-#include "controls/HelpViewer.h"
 #include "controls/ListChooserDlg.h"
 #include "controls/MessageBox.h"
 #include "controls/Mnemonic.h"
 #include "res/strings/EditorStrings.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QTabBar>
 #include <QTabWidget>
-#include <QVBoxLayout>
-
-namespace {
-
-// Every row of the table whose key in the sort order equals the id.
-template <typename Table, typename Visit>
-void ForEachRow(quint16 sortOrder, quint32 id, Visit visit)
-{
-    Table table;
-    if (!table.Open(sortOrder))
-        return;
-    const CCeDBProp key(id);
-    table.SetSeekValue(&key, CDataTable::SeekValueEqual);
-    for (int ok = table.MoveFirst(1); ok; ok = table.MoveNext(1))
-        visit(table);
-}
-
-} // namespace
 
 InstructorDlg::InstructorDlg(quint32 courseId, QWidget* parent)
-    : QDialog(parent), m_courseId(courseId), m_menuBar(new QMenuBar(this)),
-      m_export(new InstructorDlgExport(this)), m_pages(new QTabWidget(this)),
-      m_basicPage(new CInstructorBasicPage(m_pages)),
-      m_hoursPage(new CTimeListPage(QStringLiteral(":/images/times.svg"), m_pages)),
-      m_roomPage(new CRoomPage(false, QStringLiteral(":/images/room.svg"), m_pages)),
-      m_buttons(new QDialogButtonBox(
-          QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this))
+    : CPagedEditorDlg(QStringLiteral("InstructorDlg"), parent), m_courseId(courseId),
+      m_export(new InstructorDlgExport(this)), m_basicPage(new CInstructorBasicPage(Pages())),
+      m_hoursPage(new CTimeListPage(QStringLiteral(":/images/times.svg"), Pages())),
+      m_roomPage(new CRoomPage(false, QStringLiteral(":/images/room.svg"), Pages()))
 {
-    setObjectName(QStringLiteral("InstructorDlg"));
     setWindowTitle(EditorStrings::InstructorsTitle());
-
-    m_pages->setObjectName(QStringLiteral("pages"));
     m_hoursPage->setObjectName(QStringLiteral("officeHoursPage"));
-    m_pages->addTab(m_basicPage, EditorStrings::PageBasicInfo());
-    m_pages->addTab(m_hoursPage, EditorStrings::PageOfficeHours());
-    m_pages->addTab(m_roomPage, EditorStrings::PageRoom());
-    connect(m_hoursPage, &CListEditPage::EditorOpenChanged, this, &InstructorDlg::SetEditorOpen);
+    AddPage(m_basicPage, EditorStrings::PageBasicInfo());
+    AddEditorPage(m_hoursPage, EditorStrings::PageOfficeHours());
+    AddPage(m_roomPage, EditorStrings::PageRoom());
     connect(m_basicPage->InstructorBox(), &QComboBox::activated, this, &InstructorDlg::SelectEntry);
     // "Current Instructors" names the shown entry as it is being typed.
     connect(m_basicPage->NameEdit(), &QLineEdit::textEdited, this, [this](const QString& name) {
         if (m_shown >= 0)
             m_basicPage->InstructorBox()->setItemText(m_shown, name);
     });
-
-    m_buttons->setObjectName(QStringLiteral("buttons"));
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &InstructorDlg::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &InstructorDlg::reject);
     BuildMenus();
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setMenuBar(m_menuBar);
-    layout->addWidget(m_pages, 1);
-    layout->addWidget(m_buttons);
-
-    InstallHelp(this);
-    const int line = fontMetrics().height();
-    resize(line * 26, line * 28);
-
     OnInitDialog();
 }
 
 void InstructorDlg::BuildMenus()
 {
-    m_menuBar->setObjectName(QStringLiteral("menuBar"));
-    QMenu* newMenu = m_menuBar->addMenu(WithMnemonic(EditorStrings::MenuNew()));
+    QMenu* newMenu = MenuBar()->addMenu(WithMnemonic(EditorStrings::MenuNew()));
     newMenu->setObjectName(QStringLiteral("menuNew"));
     if (m_courseId != AllInstructors) {
         m_fromPrevious =
@@ -92,13 +50,13 @@ void InstructorDlg::BuildMenus()
     m_brandNew = newMenu->addAction(EditorStrings::BrandNew(), this, &InstructorDlg::OnBrandNew);
     m_brandNew->setObjectName(QStringLiteral("actionBrandNew"));
 
-    QMenu* deleteMenu = m_menuBar->addMenu(WithMnemonic(EditorStrings::MenuDelete()));
+    QMenu* deleteMenu = MenuBar()->addMenu(WithMnemonic(EditorStrings::MenuDelete()));
     deleteMenu->setObjectName(QStringLiteral("menuDelete"));
     m_deleteCurrent = deleteMenu->addAction(EditorStrings::CurrentInstructor(), this,
                                             &InstructorDlg::OnDeleteCurrent);
     m_deleteCurrent->setObjectName(QStringLiteral("actionDeleteCurrent"));
 
-    m_exportContacts = m_export->AddMenu(m_menuBar);
+    m_exportContacts = m_export->AddMenu(MenuBar());
     connect(m_exportContacts, &QAction::toggled, this, &InstructorDlg::OnExportContacts);
 }
 
@@ -136,29 +94,23 @@ void InstructorDlg::OnInitDialog()
     m_entries.clear();
     m_removedInstructorIds.clear();
     m_removedOfficeHourIds.clear();
-    bool found = false;
+    std::vector<quint32> ids;
     if (m_courseId != AllInstructors) {
-        std::vector<quint32> ids;
         ForEachRow<CCourseInstructorTable>(1, m_courseId, [&](CCourseInstructorTable& links) {
             ids.push_back(links.GetInstructorID());
         });
-        for (quint32 id : ids) {
-            InstructorEntry entry = LoadEntry(id, &found);
-            if (found)
-                m_entries.push_back(std::move(entry));
-        }
     } else {
-        std::vector<quint32> ids;
         CInstructorTable instructors;
         if (instructors.Open()) {
             for (int ok = instructors.MoveFirst(1); ok; ok = instructors.MoveNext(1))
                 ids.push_back(instructors.GetRecordID());
         }
-        for (quint32 id : ids) {
-            InstructorEntry entry = LoadEntry(id, &found);
-            if (found)
-                m_entries.push_back(std::move(entry));
-        }
+    }
+    for (quint32 id : ids) {
+        bool found = false;
+        InstructorEntry entry = LoadEntry(id, &found);
+        if (found)
+            m_entries.push_back(std::move(entry));
     }
     {
         CInstructorTable instructors;
@@ -238,21 +190,6 @@ void InstructorDlg::UpdateMenuStates()
     m_exportContacts->setChecked(shown && m_entries[static_cast<size_t>(m_shown)].exportContact);
 }
 
-void InstructorDlg::SetEditorOpen(bool open)
-{
-    m_pages->tabBar()->setEnabled(!open);
-    // The other pages wait too, so that Ctrl+Tab cannot reach them either.
-    const QObject* editorPage = sender();
-    for (int i = 0; i < m_pages->count(); ++i) {
-        if (m_pages->widget(i) != editorPage)
-            m_pages->setTabEnabled(i, !open);
-    }
-    m_menuBar->setEnabled(!open);
-    m_buttons->setEnabled(!open);
-    if (!open)
-        m_buttons->button(QDialogButtonBox::Ok)->setDefault(true);
-}
-
 void InstructorDlg::OnFromPrevious()
 {
     std::vector<ListChooserDlg::Item> items;
@@ -291,7 +228,7 @@ void InstructorDlg::OnBrandNew()
     entry.name = EditorStrings::EnterName();
     m_entries.push_back(std::move(entry));
     ShowEntry(static_cast<int>(m_entries.size()) - 1);
-    m_pages->setCurrentWidget(m_basicPage);
+    Pages()->setCurrentWidget(m_basicPage);
     m_basicPage->NameEdit()->setFocus();
     m_basicPage->NameEdit()->selectAll();
 }
@@ -345,16 +282,7 @@ void InstructorDlg::SaveEntry(InstructorEntry& entry, QStringList& failures)
     if (entry.id == 0 || !instructors.MoveToRecord(entry.id))
         instructors.NewRecord(0);
 
-    quint32 buildingId = CBuildingTable::GetBuildingIDFromName(entry.buildingName);
-    if (buildingId == 0 && !entry.buildingName.isEmpty()) {
-        CBuildingTable buildings;
-        buildings.Open();
-        buildings.NewRecord(0);
-        buildings.SetBuildingName(entry.buildingName);
-        buildings.UpdateRecord();
-        buildingId = buildings.GetRecordID();
-    }
-    instructors.SetBuildingID(buildingId);
+    instructors.SetBuildingID(GetOrAddBuildingID(entry.buildingName));
     instructors.SetEmail(entry.email);
     instructors.SetPhoneNumber(entry.phone);
     instructors.SetInstructorName(entry.name);

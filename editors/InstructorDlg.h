@@ -1,8 +1,7 @@
 #pragma once
 
 #include "ClassTimeEditor.h"
-
-#include <QDialog>
+#include "PagedEditorDlg.h"
 
 #include <vector>
 
@@ -11,9 +10,6 @@ class InstructorDlgExport;
 class CRoomPage;
 class CTimeListPage;
 class QAction;
-class QDialogButtonBox;
-class QMenuBar;
-class QTabWidget;
 
 // One instructor as the instructors editor keeps it until OK.
 struct InstructorEntry
@@ -32,7 +28,7 @@ struct InstructorEntry
 // "Edit Instructors": the instructors of one course (new ones are linked to
 // it, deleting unlinks) or, with course id 0, every instructor (deleting
 // deletes). Everything is written on OK, in one transaction.
-class InstructorDlg : public QDialog
+class InstructorDlg : public CPagedEditorDlg
 {
     Q_OBJECT
 
@@ -59,7 +55,6 @@ public:
     const std::vector<InstructorEntry>& Entries() const { return m_entries; }
     int ShownIndex() const { return m_shown; }
 
-    QTabWidget* Pages() const { return m_pages; }
     CInstructorBasicPage* BasicPage() const { return m_basicPage; }
     CTimeListPage* HoursPage() const { return m_hoursPage; }
     CRoomPage* RoomPage() const { return m_roomPage; }
@@ -81,7 +76,6 @@ private:
     void ShowEntry(int index);
     void RefreshInstructorBox();
     void UpdateMenuStates();
-    void SetEditorOpen(bool open);
     void DeleteRemovedInstructor(quint32 instructorId);
     // The failure of the contact export, if any, goes into `failures`.
     void SaveEntry(InstructorEntry& entry, QStringList& failures);
@@ -93,15 +87,12 @@ private:
     std::vector<quint32> m_removedInstructorIds;
     std::vector<quint32> m_removedOfficeHourIds;
 
-    QMenuBar* m_menuBar;
     QAction* m_fromPrevious = nullptr;
     QAction* m_brandNew = nullptr;
     QAction* m_deleteCurrent = nullptr;
     QAction* m_exportContacts = nullptr;
     InstructorDlgExport* m_export;
-    QTabWidget* m_pages;
     CInstructorBasicPage* m_basicPage;
     CTimeListPage* m_hoursPage;
     CRoomPage* m_roomPage;
-    QDialogButtonBox* m_buttons;
 };

@@ -1,31 +1,19 @@
 #include "InstructorDlgBasicPage.h"
 
+#include "controls/LimitedLineEdit.h"
 #include "res/strings/EditorStrings.h"
 
 #include <QComboBox>
 #include <QFormLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QVBoxLayout>
-
-namespace {
-
-QLineEdit* MakeEdit(QWidget* parent, const char* name, int limit)
-{
-    auto* edit = new QLineEdit(parent);
-    edit->setObjectName(QLatin1String(name));
-    edit->setMaxLength(limit);
-    return edit;
-}
-
-} // namespace
 
 CInstructorBasicPage::CInstructorBasicPage(QWidget* parent)
     : QWidget(parent), m_instructors(new QComboBox(this)),
-      m_name(MakeEdit(this, "instructorName", NameLimit)),
-      m_phone(MakeEdit(this, "instructorPhone", PhoneLimit)),
-      m_email(MakeEdit(this, "instructorEmail", EmailLimit))
+      m_name(NewLimitedLineEdit(this, "instructorName", NameLimit)),
+      m_phone(NewLimitedLineEdit(this, "instructorPhone", PhoneLimit)),
+      m_email(NewLimitedLineEdit(this, "instructorEmail", EmailLimit))
 {
     setObjectName(QStringLiteral("basicPage"));
     m_instructors->setObjectName(QStringLiteral("currentInstructors"));

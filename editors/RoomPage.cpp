@@ -56,14 +56,6 @@ void CRoomPage::LoadBuildings()
     m_building->setCurrentIndex(-1);
 }
 
-void CRoomPage::SelectBuilding(quint32 buildingId)
-{
-    const int index = buildingId == 0 ? -1 : m_building->findData(buildingId);
-    m_building->setCurrentIndex(index);
-    if (index < 0)
-        m_building->setEditText(QString());
-}
-
 void CRoomPage::SelectBuildingName(const QString& name)
 {
     const int index = name.isEmpty() ? -1 : m_building->findText(name, Qt::MatchExactly);

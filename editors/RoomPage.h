@@ -20,8 +20,6 @@ public:
 
     // Fills the building box with every building, in store order.
     void LoadBuildings();
-    // Selects the building with this id; no selection when none has it.
-    void SelectBuilding(quint32 buildingId);
     // Selects the building of this name; no selection when none has it.
     void SelectBuildingName(const QString& name);
     QString BuildingText() const;

@@ -4,6 +4,7 @@
 #include "GradePredictionDlgScoreEditor.h"
 #include "controls/DialogRunner.h"
 #include "controls/HelpViewer.h"
+#include "controls/TreeRowPadding.h"
 #include "grading/GradeCalculation.h"
 #include "grading/PredictionStore.h"
 #include "res/strings/ReportStrings.h"
@@ -13,18 +14,9 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <QShortcut>
-
-namespace {
-// Row padding from the font height, so the columns never touch.
-QString RowPadding(int line)
-{
-    return QStringLiteral("QTreeView::item { padding: %1px %2px; }").arg(line / 6).arg(line / 3);
-}
-
-} // namespace
 
 GradePredictionDlg::GradePredictionDlg(QWidget* parent)
     : QDialog(parent), m_courseCombo(new QComboBox(this)), m_typeList(new QTreeWidget(this))
@@ -43,7 +35,7 @@ GradePredictionDlg::GradePredictionDlg(QWidget* parent)
     m_typeList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_typeList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_typeList->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_typeList->setStyleSheet(RowPadding(fontMetrics().height()));
+    PadTreeRows(m_typeList);
 
     auto* prompt = new QLabel(ReportStrings::PredictionPrompt(), this);
     prompt->setObjectName(QStringLiteral("promptLabel"));
@@ -76,8 +68,9 @@ GradePredictionDlg::GradePredictionDlg(QWidget* parent)
             [this](QTreeWidgetItem* item) { EditPercent(m_typeList->indexOfTopLevelItem(item)); });
     // F2 and Delete run the row menu's "Edit Percent" and "Clear Percent".
     const auto currentRow = [this] {
-        return m_typeList->currentItem() ? m_typeList->indexOfTopLevelItem(m_typeList->currentItem())
-                                         : -1;
+        return m_typeList->currentItem()
+                   ? m_typeList->indexOfTopLevelItem(m_typeList->currentItem())
+                   : -1;
     };
     auto* edit = new QShortcut(QKeySequence(Qt::Key_F2), m_typeList);
     edit->setContext(Qt::WidgetShortcut);

@@ -4,6 +4,7 @@
 
 #include "BrindleData.h"
 #include "controls/HelpViewer.h"
+#include "controls/TreeRowPadding.h"
 #include "grading/GradeCalculation.h"
 #include "grading/GradePlanner.h"
 #include "grading/PolicyCheck.h"
@@ -23,12 +24,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-// Row padding from the font height, so the columns never touch.
-QString RowPadding(int line)
-{
-    return QStringLiteral("QTreeView::item { padding: %1px %2px; }").arg(line / 6).arg(line / 3);
-}
 
 QPixmap ReportImage(int height, qreal ratio)
 {
@@ -75,7 +70,7 @@ ProgressReportDlg::ProgressReportDlg(quint32 courseId, QWidget* parent)
     // A report: nothing to select, rows given room to breathe.
     m_rowList->setSelectionMode(QAbstractItemView::NoSelection);
     m_rowList->setFocusPolicy(Qt::NoFocus);
-    m_rowList->setStyleSheet(RowPadding(fontMetrics().height()));
+    PadTreeRows(m_rowList);
     m_rowList->header()->setStretchLastSection(false);
     m_rowList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_rowList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);

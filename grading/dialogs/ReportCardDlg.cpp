@@ -3,6 +3,7 @@
 #include "BrindleData.h"
 #include "GradeChart.h"
 #include "controls/HelpViewer.h"
+#include "controls/TreeRowPadding.h"
 #include "grading/GpaCalculation.h"
 #include "grading/GradeCalculation.h"
 #include "res/strings/ReportStrings.h"
@@ -17,12 +18,6 @@
 #include <algorithm>
 
 namespace {
-
-// Row padding from the font height, so the columns never touch.
-QString RowPadding(int line)
-{
-    return QStringLiteral("QTreeView::item { padding: %1px %2px; }").arg(line / 6).arg(line / 3);
-}
 
 // A course's minimum percent per grade number; a gap counts as 0.
 std::vector<double> MinimumPercents(quint32 courseId)
@@ -76,7 +71,7 @@ ReportCardDlg::ReportCardDlg(QWidget* parent)
     // A report: nothing to select, rows given room to breathe.
     m_courseList->setSelectionMode(QAbstractItemView::NoSelection);
     m_courseList->setFocusPolicy(Qt::NoFocus);
-    m_courseList->setStyleSheet(RowPadding(fontMetrics().height()));
+    PadTreeRows(m_courseList);
     m_courseList->setFrameShape(QFrame::Box);
     m_courseList->header()->setStretchLastSection(false);
     m_courseList->header()->setSectionResizeMode(0, QHeaderView::Stretch);

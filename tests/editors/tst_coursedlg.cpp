@@ -1,7 +1,10 @@
-// The course editor, driven through its controls. A failed OK is in
+// The course editor: its OK step on the working copy, the fields shown and
+// collected, textbooks, times and the locked pages. A failed OK is in
 // tst_savefailures.
-// Fault tried (failed a test, then reverted): a deleted textbook's coursework
-// kept pointing at it (textbooks, OK).
+// Faults tried (each failed a test, then reverted): a deleted textbook's
+// coursework kept pointing at it (textbooks, OK); the number collected from
+// the section field, the web site not shown on opening (fieldsRoundTrip); a
+// new building's write not checked (fields, "a new name creates one").
 #include "EditorRecords.h"
 #include "controls/DialogRunner.h"
 #include "controls/NumericEdit.h"
@@ -14,6 +17,7 @@
 #include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QListWidget>
@@ -87,7 +91,7 @@ private slots:
     void textbooks_data();
     void textbooks();
     void openEditorLocksTheRestAgainstMouseAndKeys();
-    void details();
+    void fieldsRoundTrip();
 
 private:
     std::unique_ptr<TestDatabase> m_db;
@@ -215,23 +219,30 @@ void TestCourseDlg::fields()
                                            : zoology);
     auto* box = dialog.findChild<QComboBox*>(field);
     QLineEdit* edit = box ? box->lineEdit() : Edit(dialog, qPrintable(field));
-    QVERIFY(edit);
     if (!shown.isNull())
         QCOMPARE(edit->text(), shown);
     if (box)
         QCOMPARE(box->count(), 2);
-    edit->setText(typed);
+    // The OK step works on the working copy, whatever the fields show.
+    CourseEntry& entry = dialog.Entry();
+    if (field == u"courseName"_s)
+        entry.name = typed;
+    else if (box)
+        entry.buildingName = typed;
+    else
+        entry.hours = typed.isEmpty() ? CourseEntry::NoHours : typed.toDouble();
     dialog.Pages()->setCurrentIndex(3);
     const QStringList before = DumpAll();
     MessageAnswers answers;
-    QCOMPARE(dialog.OnOK(), message.isEmpty());
+    QCOMPARE(dialog.Save(), message.isEmpty());
     QCOMPARE(answers.Texts(), message.isEmpty() ? QStringList() : QStringList{message});
     if (message.isEmpty()) {
         QCOMPARE(Sql(probe), stored);
     } else {
-        // Refused: nothing written, and the first page is shown.
+        // Refused: nothing written, and the refused field is shown.
         QCOMPARE(DumpAll(), before);
         QCOMPARE(dialog.Pages()->currentIndex(), 0);
+        QCOMPARE(dialog.focusWidget(), box ? static_cast<QWidget*>(box) : edit);
     }
 }
 
@@ -394,29 +405,47 @@ void TestCourseDlg::openEditorLocksTheRestAgainstMouseAndKeys()
     QCOMPARE(dialog.Textbooks()[0].name, u"Flora"_s);
 }
 
-void TestCourseDlg::details()
+void TestCourseDlg::fieldsRoundTrip()
 {
+    Building(u"Library"_s);
     const quint32 course = Records::Course(u"Botany"_s);
-    CourseDlg dialog;
-    dialog.SetCourse(course);
     QString title;
-    bool accept = false;
     DialogRunner::SetHook([&](QDialog& text) {
         title = text.windowTitle();
         text.findChild<QPlainTextEdit*>()->setPlainText(u"Lab on Fridays"_s);
-        return int(accept ? QDialog::Accepted : QDialog::Rejected);
+        return int(QDialog::Accepted);
     });
-    auto* details = dialog.findChild<QAction*>(u"actionDetails"_s);
-    details->trigger();
-    QCOMPARE(title, u"Course Details"_s);
-    QCOMPARE(dialog.Details(), QString());
-    accept = true;
-    details->trigger();
-    // Written with the other fields on OK only.
-    QCOMPARE(dialog.Details(), u"Lab on Fridays"_s);
-    QCOMPARE(Sql("SELECT Details FROM Course"), QString());
-    QVERIFY(dialog.OnOK());
-    QCOMPARE(Sql("SELECT Details FROM Course"), u"Lab on Fridays"_s);
+    const QByteArray row =
+        "SELECT CourseName || '|' || CourseNumber || '|' || CourseSection || '|' || Department || "
+        "'|' || CourseHours || '|' || InMajor || '|' || RoomNumber || '|' || CourseWebSite || '|' "
+        "|| (SELECT BuildingName FROM Building b WHERE b.id = BuildingID) || '|' || Details FROM "
+        "Course";
+    const QString typed = u"Botany II|BIO 101|B|Biology|3.5|1|204|example.org|Library|"_s;
+    {
+        CourseDlg dialog;
+        dialog.SetCourse(course);
+        const char* names[] = {"courseName",  "courseNumber", "courseSection", "courseDept",
+                               "courseHours", nullptr,        "roomNumber",    "webSite"};
+        const QStringList values = typed.split(u'|');
+        for (int i = 0; i < 8; ++i)
+            if (names[i])
+                Edit(dialog, names[i])->setText(values[i]);
+        dialog.findChild<QCheckBox*>(u"inMajor"_s)->setChecked(true);
+        dialog.findChild<QComboBox*>(u"buildingBox"_s)->setCurrentText(u"Library"_s);
+        dialog.findChild<QAction*>(u"actionDetails"_s)->trigger();
+        QCOMPARE(title, u"Course Details"_s);
+        // Details are written with the other fields, on OK only.
+        QCOMPARE(Sql("SELECT Details FROM Course"), QString());
+        QVERIFY(dialog.OnOK());
+        QCOMPARE(dialog.Entry().number, u"BIO 101"_s);
+    }
+    QCOMPARE(Sql(row), typed + u"Lab on Fridays"_s);
+    // Opened again, the fields show what was stored.
+    CourseDlg again;
+    again.SetCourse(course);
+    QCOMPARE(again.Entry().details, u"Lab on Fridays"_s);
+    QVERIFY(again.OnOK());
+    QCOMPARE(Sql(row), typed + u"Lab on Fridays"_s);
 }
 
 QTEST_MAIN(TestCourseDlg)
