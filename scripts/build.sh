@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Configures and builds Brindle into a build folder (default: build).
+# Installs what is missing, then configures and builds Brindle into a build
+# folder (default: build).
 # BRINDLE_WERROR=1 turns warnings into errors; BRINDLE_SANITIZE=1 builds with
 # AddressSanitizer and UndefinedBehaviorSanitizer; BRINDLE_PCH=ON or OFF
 # chooses precompiled Qt headers (default: on unless ccache is installed).
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${1:-build}"
+"$root/scripts/install-deps.sh"
 cd "$root"
 
 cmake -S . -B "$build" -G Ninja \

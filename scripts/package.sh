@@ -5,7 +5,6 @@
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${1:-build}"
-"$root/scripts/install-deps.sh"
 "$root/scripts/build.sh" "$build"
 cd "$root/$build"
 cpack -G DEB >&2
