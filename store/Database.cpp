@@ -152,6 +152,14 @@ bool CreateGpaFlagTriggers(CCeMount* mount)
                "WHERE id = NEW.id; END");
 }
 
+// Written only when the file holds another value: a value written again,
+// even an equal one, makes the commit a write, with a journal and its syncs.
+bool SetHeaderValue(CCeMount* mount, const char* pragma, qint64 current, qint64 wanted)
+{
+    return current == wanted ||
+           mount->Execute("PRAGMA " + QByteArray(pragma) + " = " + QByteArray::number(wanted));
+}
+
 bool WriteDefaultRecords(bool brandNew)
 {
     CAppStateTable state;
@@ -253,21 +261,21 @@ int CreateDatabase()
 
     // Everything an upgrade changes lands in one transaction, or none of it.
     CTransaction transaction;
-    bool ok = false;
-    const bool brandNew =
-        mount->Scalar("PRAGMA application_id", &ok) != BrindleSchema::ApplicationId;
-    const int fileVersion = static_cast<int>(mount->Scalar("PRAGMA user_version", &ok));
-    if (!ok)
+    bool readId = false;
+    bool readVersion = false;
+    const qint64 applicationId = mount->Scalar("PRAGMA application_id", &readId);
+    const qint64 fileVersion = mount->Scalar("PRAGMA user_version", &readVersion);
+    if (!readId || !readVersion)
         return 0;
+    const bool brandNew = applicationId != BrindleSchema::ApplicationId;
     for (const TableDef* def : BrindleSchema::AllTables())
-        if (!CreateTable(mount, *def, fileVersion))
+        if (!CreateTable(mount, *def, static_cast<int>(fileVersion)))
             return 0;
     if (!CreateRecordIdSequence(mount) || !CreateGpaFlagTriggers(mount) ||
         !WriteDefaultRecords(brandNew))
         return 0;
-    if (!mount->Execute("PRAGMA application_id = " +
-                        QByteArray::number(BrindleSchema::ApplicationId)) ||
-        !mount->Execute("PRAGMA user_version = " + QByteArray::number(BrindleSchema::Version)))
+    if (!SetHeaderValue(mount, "application_id", applicationId, BrindleSchema::ApplicationId) ||
+        !SetHeaderValue(mount, "user_version", fileVersion, BrindleSchema::Version))
         return 0;
     return transaction.Commit();
 }
