@@ -269,13 +269,10 @@ private slots:
         for (const GpaCourse& c : courses)
             Fixture::GradedCourse(u"Course"_s, c.grade, c.hours, c.inMajor,
                                   c.archived ? archiveId : WorkingSemesterID);
-        CGPAInfoTable info;
-        info.Open();
-        if (!info.MoveFirst(1))
-            info.NewRecord(0);
-        info.SetTotalPastHours(past[0]);
-        info.SetTotalPastPoints(past[1]);
-        info.UpdateRecord();
+        QVERIFY(CDataTable::GetMount()->Execute(
+            "UPDATE GPAInfo SET TotalPastHours = " + QByteArray::number(past[0]) +
+            ", TotalPastPoints = " + QByteArray::number(past[1])));
+        QCOMPARE(Records::Count("GPAInfo"), 1);
 
         QCOMPARE(GetSemesterGPA(weighted, false), gpas[0]);
         QCOMPARE(GetSemesterGPA(weighted, true), gpas[1]);

@@ -158,13 +158,8 @@ private slots:
     }
     void saveWritesGpaInfo()
     {
-        {
-            CGPAInfoTable gpa; // closed before the reopen below
-            QVERIFY(gpa.Open() && gpa.MoveFirst(1));
-            gpa.SetTotalPastHours(12.0);
-            gpa.SetTotalPastPoints(36.0);
-            QVERIFY(gpa.UpdateRecord());
-        }
+        QVERIFY(CDataTable::GetMount()->Execute(
+            "UPDATE GPAInfo SET TotalPastHours = 12, TotalPastPoints = 36"));
 
         InstitutionDlg dialog;
         InstitutionDlgGpaPage* page = dialog.GpaPage();
