@@ -4,7 +4,7 @@
 // grade bar's, its rows and chart, and the grade planner dialog with where it
 // is reached from (the Tools menu, the progress report), the grade bar's best
 // and worst case and the GPA bar after the institution's OK. (The planner's
-// answers: tst_gradeplanner.)
+// answers: tst_gradecalculation.)
 //
 // Faults tried and caught: the report card's row testing for -1 instead of any
 // score ("0/0", "infinite" show a percent); the grade bar's percent without its

@@ -1,10 +1,11 @@
-// Desktop integration: the desktop entry and the AppStream metainfo pass their
+// Translations: every text of the string table has a finished translation in
+// every language Brindle ships, with the same placeholders; the compiled
+// translations are the ones in the program and are chosen by the user's
+// languages; grade numbers keep their decimal point in every language. And the
+// desktop integration: the desktop entry and the AppStream metainfo pass their
 // validators and agree with each other and with what the running program tells
 // the desktop (window class, app id, icon); the icons and the man page are
-// well-formed. Translations: every text of the string table has a finished
-// translation in every language Brindle ships, with the same placeholders; the
-// compiled translations are the ones in the program and are chosen by the
-// user's languages; grade numbers keep their decimal point in every language.
+// well-formed.
 // Fault tried, and caught: a placeholder dropped from a German text that
 // follows "Office Hours:\r\n" in the file (the reader used to stop there).
 #include "TsFile.h"
@@ -64,7 +65,7 @@ QString Run(const QString& program, const QStringList& arguments, int* exitCode)
 
 } // namespace
 
-class TestDesktopIntegration : public QObject
+class TestTranslations : public QObject
 {
     Q_OBJECT
 
@@ -318,5 +319,5 @@ private:
     QTemporaryDir m_dir;
 };
 
-QTEST_MAIN(TestDesktopIntegration)
-#include "tst_desktopintegration.moc"
+QTEST_MAIN(TestTranslations)
+#include "tst_translations.moc"
