@@ -1,11 +1,9 @@
-// The record store and its file: creation and upgrade (a version 1 file in
-// place), refusal of foreign or damaged files, the date encoding; seeks,
-// orders, deletes inside a walk, filters; transactions when something goes
-// wrong: a commit another process blocks, a step that fails, an inner scope
-// that gives up; record ids across rollbacks and restarts; what a long-lived
-// table object writes back; read errors.
+// The record store and its file: creation, upgrade and refusal of files,
+// dates, seeks and filters, transactions that fail, record ids, read errors.
 // Faults tried, each caught: CTransaction::Commit ignoring the result of
-// COMMIT (commitBlockedByAReaderRollsBackAndIsReported); the version 1 indexes
+// COMMIT (aTransactionThatCannotLandKeepsNothing, "a reader blocks COMMIT");
+// the header values written again on every mount (defaultRecordsAreMadeOnce);
+// the version 1 indexes
 // left under the old collation (versionOneFileIsUpgradedInPlace); ToDate
 // without its range check (dateEncoding, the rows outside the window); ids of a
 // file without an id sequence starting from 0 (versionOneFileIsUpgradedInPlace);
@@ -105,7 +103,10 @@ private slots:
         // Made again on every start: nothing doubled, nothing the user removed comes back.
         const quint32 course = Records::Course(u"Latin"_s);
         QVERIFY(Mount()->Execute("DELETE FROM GradeScale"));
+        // A file that needs nothing is not written to (a commit costs four syncs).
+        const QByteArray bytes = DatabaseFiles::Read(m_db->Path());
         QVERIFY(CreateDatabase() && CreateDatabase());
+        QCOMPARE(DatabaseFiles::Read(m_db->Path()), bytes);
         QCOMPARE(CCourseTable::GetCourseNameFromID(course), u"Latin"_s);
         QCOMPARE(Records::Count("ViewTab"), 4);
         QCOMPARE(Records::Count("AppState"), 1);
@@ -196,18 +197,6 @@ private slots:
         QCOMPARE(DatabaseFiles::Read(path), before);
     }
 
-    void gpaFlagFollowsWhicheverIsWritten()
-    {
-        // The other way, and the state object not writing its old flag back:
-        // tst_institutiondlg.
-        CAppStateTable& state = CAppStateTable::Instance();
-        state.SetShowGPAWithHours(1);
-        QVERIFY(state.UpdateRecord());
-        CGPAInfoTable gpa;
-        QVERIFY(gpa.Open() && gpa.MoveFirst(1));
-        QCOMPARE(gpa.GetWeightedByCourseHours(), 1);
-    }
-
     void dateEncoding_data()
     {
         QTest::addColumn<double>("value");
@@ -216,11 +205,9 @@ private slots:
         QTest::newRow("day zero") << 0.0 << at(1899, 12, 30, 0);
         QTest::newRow("before day zero") << -0.25 << at(1899, 12, 29, 18);
         QTest::newRow("2000") << 36526.25 << at(2000, 1, 1, 6);
-        QTest::newRow("leap day") << 45351.0 << at(2024, 2, 29, 0);
         QTest::newRow("first moment of year 1") << -693593.0 << at(1, 1, 1, 0);
         QTest::newRow("last evening of 9999") << 2958465.75 << at(9999, 12, 31, 18);
         QTest::newRow("NaN") << qQNaN() << QDateTime();
-        QTest::newRow("minus infinity") << -qInf() << QDateTime();
         QTest::newRow("beyond any integer") << 1e300 << QDateTime();
         QTest::newRow("the day before year 1") << -693593.5 << QDateTime();
         QTest::newRow("the day after 9999") << 2958466.0 << QDateTime();
@@ -287,16 +274,26 @@ private slots:
         QCOMPARE(Seek(table, sought), found ? QList<quint32>{id} : QList<quint32>{});
     }
 
+    void filterReadsOnlyListedPropertiesAndKeepsTheOthers_data()
+    {
+        // A grade computed from a zero total is not a number; it is kept as computed.
+        QTest::addColumn<double>("grade");
+        QTest::newRow("a grade") << 0.5;
+        QTest::newRow("not a number") << qQNaN();
+        QTest::newRow("infinity") << qInf();
+    }
+
     void filterReadsOnlyListedPropertiesAndKeepsTheOthers()
     {
-        const quint32 course = Records::Course(u"Geology"_s, 0, 0.5);
+        QFETCH(double, grade);
+        const quint32 course = Records::Course(u"Geology"_s, 0, grade);
         CCourseTable table;
         QVERIFY(table.Open() && table.MoveToRecord(course));
         table.SetRoomNumber(u"B12"_s);
         QVERIFY(table.UpdateRecord());
         table.SetFilter(1, CCourseTable::PropCurrentGrade);
         QVERIFY(table.MoveToRecord(course));
-        QCOMPARE(table.GetCurrentGrade(), 0.5);
+        QCOMPARE(table.GetCurrentGrade(), grade);   // NaN compares equal to NaN here
         QCOMPARE(table.GetRoomNumber(), QString()); // not read
         table.SetCurrentGrade(0.75);
         QVERIFY(table.UpdateRecord());
@@ -306,22 +303,6 @@ private slots:
         QCOMPARE(table.GetCurrentGrade(), 0.75);
         QCOMPARE(table.GetRoomNumber(), u"B12"_s);
         QCOMPARE(table.GetCourseName(), u"Geology"_s);
-    }
-
-    void missingOrDeletedRecords()
-    {
-        const quint32 course = Records::Course(u"Music"_s);
-        CCourseTable first;
-        CCourseTable second;
-        QVERIFY(first.Open() && second.Open());
-        for (quint32 unknown : {0u, 0xFFFFFFFFu, course + 1000})
-            QCOMPARE(first.MoveToRecord(unknown), 0);
-        QCOMPARE(CCourseTable::GetCourseNameFromID(course + 1000), QString());
-        QVERIFY(first.MoveToRecord(course) && second.MoveToRecord(course));
-        QVERIFY(first.DeleteRecord(0));
-        second.SetCourseName(u"Music II"_s);
-        QCOMPARE(second.UpdateRecord(), 0);
-        QCOMPARE(second.DeleteRecord(0), 0);
     }
 
     void semesterCoursesFollowSignedPositions()
@@ -339,24 +320,22 @@ private slots:
             QVERIFY(order.UpdateRecord());
         }
         QCOMPARE(GetSemesterCourses(0), (std::vector<quint32>{d, b, c, a}));
-        QVERIFY(GetSemesterCourses(99).empty());
     }
 
-    void nonFiniteNumbersAreStoredAsTheyAre()
+    void aTransactionThatCannotLandKeepsNothing_data()
     {
-        // A grade computed from a zero total is not a number; it is kept as computed.
-        for (double grade : {qQNaN(), qInf(), -qInf()}) {
-            CCourseTable table;
-            QVERIFY(table.Open() && table.MoveToRecord(Records::Course(u"Logic"_s, 0, grade)));
-            QCOMPARE(std::isnan(table.GetCurrentGrade()), std::isnan(grade));
-            if (!std::isnan(grade))
-                QCOMPARE(table.GetCurrentGrade(), grade);
-        }
+        QTest::addColumn<QString>("failure"); // what LastFailure() names; empty: an inner scope
+        QTest::newRow("a reader blocks COMMIT") << u"locked"_s;
+        QTest::newRow("a step fails in SQLite") << u"refused"_s;
+        QTest::newRow("an inner scope ends without commit") << QString();
     }
 
-    void commitBlockedByAReaderRollsBackAndIsReported()
+    void aTransactionThatCannotLandKeepsNothing()
     {
-        Records::Course(u"Kept"_s);
+        QFETCH(QString, failure);
+        const bool blocked = failure == u"locked"_s;
+        QVERIFY(Mount()->Execute("CREATE TRIGGER RefuseTimes BEFORE INSERT ON Time "
+                                 "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
         // Another program's connection, a reader in the middle of its
         // transaction: COMMIT cannot get the file.
         sqlite3* reader = nullptr;
@@ -365,54 +344,20 @@ private slots:
         auto run = [reader](const char* sql) {
             return sqlite3_exec(reader, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
         };
-        QVERIFY(run("BEGIN; SELECT count(*) FROM Course;"));
-        QTest::ignoreMessage(QtWarningMsg, SqliteError(u".*locked.* in: COMMIT"_s));
-        {
-            CTransaction transaction;
-            Records::Course(u"Lost"_s);
-            QCOMPARE(transaction.Commit(), 0);
-            QVERIFY2(CTransaction::LastFailure().contains(u"locked"_s),
-                     qPrintable(CTransaction::LastFailure()));
-        }
-        QVERIFY(sqlite3_get_autocommit(CDataTable::GetMount()->Handle()));
-        QVERIFY(run("COMMIT"));
-
-        // The next change is a transaction of its own, not part of a dead one.
-        {
-            CTransaction transaction;
-            Records::Course(u"Later"_s);
-            QVERIFY(transaction.Commit());
-        }
-        QVERIFY(m_db->Reopen());
-        QCOMPARE(Records::Rows("SELECT CourseName FROM Course ORDER BY id"),
-                 (QStringList{u"Kept"_s, u"Later"_s}));
-        QCOMPARE(Records::Count("CourseOrder"), 2);
-    }
-
-    void aFailedPartFailsTheWhole_data()
-    {
-        QTest::addColumn<bool>("sqliteError"); // else an inner scope gives up
-        QTest::newRow("a step fails in SQLite") << true;
-        QTest::newRow("an inner scope ends without commit") << false;
-    }
-
-    void aFailedPartFailsTheWhole()
-    {
-        QFETCH(bool, sqliteError);
-        QVERIFY(CDataTable::GetMount()->Execute("CREATE TRIGGER RefuseTimes BEFORE INSERT ON Time "
-                                                "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+        QVERIFY(!blocked || run("BEGIN; SELECT count(*) FROM Course;"));
+        if (!failure.isEmpty())
+            QTest::ignoreMessage(QtWarningMsg, SqliteError(blocked ? u".*locked.* in: COMMIT"_s
+                                                                   : u"\\(refused\\)"_s));
         CAppStateTable& state = CAppStateTable::Instance();
         const int showDone = state.GetShowDone();
-        if (sqliteError)
-            QTest::ignoreMessage(QtWarningMsg, SqliteError(u"\\(refused\\)"_s));
         {
             CTransaction outer;
             state.SetShowDone(showDone ? 0 : 1);
             QVERIFY(state.UpdateRecord());
             const quint32 course = Records::Course(u"Chemistry"_s);
-            {
+            if (!blocked) {
                 CTransaction inner;
-                if (sqliteError) {
+                if (!failure.isEmpty()) {
                     CTimeTable time;
                     QVERIFY(time.Open() && time.NewRecord(0));
                     time.SetForeignRecordID(course);
@@ -420,25 +365,41 @@ private slots:
                     QCOMPARE(inner.Commit(), 0);
                 }
             }
-            // Nothing more is written into a transaction that cannot land.
-            QCOMPARE(NewBuilding(u"Annex"_s), 0u);
+            // Nothing more is written into a transaction known to be lost.
+            QCOMPARE(NewBuilding(u"Annex"_s) != 0, blocked);
             QCOMPARE(outer.Commit(), 0);
         }
-        QCOMPARE(CTransaction::LastFailure().contains(u"refused"_s), sqliteError);
-        QVERIFY(!CTransaction::LastFailure().isEmpty());
+        QVERIFY2(CTransaction::LastFailure().contains(failure) &&
+                     !CTransaction::LastFailure().isEmpty(),
+                 qPrintable(CTransaction::LastFailure()));
+        QVERIFY(sqlite3_get_autocommit(Mount()->Handle()));
+        QVERIFY(!blocked || run("COMMIT"));
         for (const char* table : {"Course", "CourseOrder", "Building"})
             QVERIFY2(Records::Count(table) == 0, table);
         // The state object forgets what the file did not keep.
         QCOMPARE(state.GetShowDone(), showDone);
+        // The next change is a transaction of its own, not part of a dead one.
+        {
+            CTransaction transaction;
+            Records::Course(u"Later"_s);
+            QVERIFY(transaction.Commit());
+        }
         QVERIFY(m_db->Reopen());
         QCOMPARE(CAppStateTable::Instance().GetShowDone(), showDone);
+        QCOMPARE(Records::Rows("SELECT CourseName FROM Course"), QStringList{u"Later"_s});
+        QCOMPARE(Records::Count("CourseOrder"), 1);
     }
 
     void longLivedObjectWritesOnlyWhatItSetSince()
     {
         CAppStateTable& state = CAppStateTable::Instance();
         state.SetShowDone(1);
+        state.SetShowGPAWithHours(1);
         QVERIFY(state.UpdateRecord());
+        // The GPA flag follows into GPAInfo (the other way: tst_institutiondlg).
+        CGPAInfoTable gpa;
+        QVERIFY(gpa.Open() && gpa.MoveFirst(1));
+        QCOMPARE(gpa.GetWeightedByCourseHours(), 1);
         // Another writer changes what the state object wrote before.
         CAppStateTable other;
         QVERIFY(other.OpenState());
@@ -459,7 +420,6 @@ private slots:
         QTest::addColumn<int>("records"); // written in the transaction rolled back
         QTest::addColumn<bool>("restart");
         QTest::newRow("one, rolled back") << 1 << false;
-        QTest::newRow("one, rolled back, restarted") << 1 << true;
         QTest::newRow("more than one reservation, restarted") << 700 << true;
     }
 
@@ -483,17 +443,28 @@ private slots:
         QVERIFY(NewBuilding(u"Gym"_s) > highest);
     }
 
-    void readErrorIsNotAnEmptyRange()
+    void missingDeletedOrUnreadableRecords()
     {
         const quint32 course = Records::Course(u"Botany"_s);
+        CCourseTable first;
+        CCourseTable second;
+        QVERIFY(first.Open() && second.Open());
+        for (quint32 unknown : {0u, 0xFFFFFFFFu, course + 1000})
+            QCOMPARE(first.MoveToRecord(unknown), 0);
+        QCOMPARE(CCourseTable::GetCourseNameFromID(course + 1000), QString());
+        QVERIFY(first.MoveToRecord(course) && second.MoveToRecord(course));
+        QVERIFY(first.DeleteRecord(0));
+        second.SetCourseName(u"Botany II"_s);
+        QCOMPARE(second.UpdateRecord(), 0);
+        QCOMPARE(second.DeleteRecord(0), 0);
+
         CTimeTable times;
         QVERIFY(times.Open(0));
         const CCeDBProp key(course);
         times.SetSeekValue(&key, CDataTable::SeekValueEqual);
         QCOMPARE(times.MoveFirst(1), 0);
         QVERIFY(!times.ReadFailed()); // simply none
-
-        QVERIFY(CDataTable::GetMount()->Execute("DROP TABLE Time"));
+        QVERIFY(Mount()->Execute("DROP TABLE Time"));
         // Logged with the result code, SQLite's words and the statement.
         QTest::ignoreMessage(QtWarningMsg, SqliteError(u"\\(no such table: Time\\) in: SELECT"_s));
         CTransaction transaction;
