@@ -136,11 +136,6 @@ QStringList StoredScale()
                          "FROM GradeScale ORDER BY Grade");
 }
 
-quint32 CourseWithMinimums(const QString& name, const QList<double>& minimums, quint32 semester = 0)
-{
-    return Fixture::GradedCourse(name, -1.0, 3.0, true, semester, minimums);
-}
-
 // Past hours, past points and the weighted flag, as "hours|points|flag".
 QStringList StoredGpaInfo()
 {
@@ -279,11 +274,10 @@ private slots:
         QFETCH(int, grades);
         QFETCH(QList<double>, after);
 
-        // Every course of every semester is rebuilt, archived
-        // ones too.
-        const quint32 working = CourseWithMinimums(u"Art"_s, before);
-        const quint32 archived =
-            CourseWithMinimums(u"Music"_s, before, Records::Semester(u"Spring"_s));
+        // Every course of every semester is rebuilt, archived ones too.
+        const quint32 working = Fixture::GradedCourse(u"Art"_s, -1.0, 3.0, true, 0, before);
+        const quint32 archived = Fixture::GradedCourse(u"Music"_s, -1.0, 3.0, true,
+                                                       Records::Semester(u"Spring"_s), before);
 
         InstitutionDlg dialog;
         dialog.ChooseScale(dialog.ScaleNames().size() - 1);
@@ -369,7 +363,7 @@ private slots:
         QFETCH(QByteArray, refused);
         QFETCH(QString, message);
 
-        CourseWithMinimums(u"Art"_s, {90, 80, 70, 60});
+        Course(u"Art"_s);
         const QStringList before = EditorRecords::DumpAll();
         if (!refused.isEmpty())
             QVERIFY(Fixture::Refuse(refused));
