@@ -34,8 +34,7 @@ constexpr quint32 Appointment = COutlookTable::olAppointmentItem;
 // A file where a folder should be, so that the folder cannot be made.
 bool Block(const QString& path)
 {
-    QFile blocker(path);
-    return blocker.open(QIODevice::WriteOnly);
+    return DatabaseFiles::Write(path, {});
 }
 
 const QDateTime DueAt(QDate(2026, 11, 25), QTime(14, 30));
@@ -44,13 +43,6 @@ const QString Details =
     u"Two pages, with graphs; the raw data in an appendix, and the method in full"_s;
 // Its address line is folded inside the "ß".
 const QString Hall = u"Hörsaalgebäude Süd; Flügel Ä, Ebene 2 \\ Naturwiß"_s;
-
-bool WriteFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 // The properties Brindle sets, as libical or the vCard reader reads them back.
 QStringList Properties(const QString& path)
@@ -339,8 +331,10 @@ private slots:
             {u"contacts"_s, folders.contacts, u"FN:Dr. Ada Müller-Vale"_s}};
         for (const auto& [kind, folder, text] : kinds) {
             const bool contacts = kind == u"contacts"_s;
-            QVERIFY(WriteFile(root + kind + u"/.Radicale.props"_s,
-                              contacts ? R"({"tag": "VADDRESSBOOK"})" : R"({"tag": "VCALENDAR"})"));
+            QVERIFY(QDir().mkpath(root + kind) &&
+                    DatabaseFiles::Write(root + kind + u"/.Radicale.props"_s,
+                                         contacts ? R"({"tag": "VADDRESSBOOK"})"
+                                                  : R"({"tag": "VCALENDAR"})"));
             config +=
                 u"[pair %1]\na = \"%1_brindle\"\nb = \"%1_server\"\ncollections = null\n"
                 u"[storage %1_brindle]\ntype = \"filesystem\"\npath = \"%2/\"\nfileext = \"%3\"\n"
@@ -349,7 +343,7 @@ private slots:
                          contacts ? u"carddav"_s : u"caldav"_s, QString::number(port));
         }
         const QString configPath = m_pim->filePath(u"vdirsyncer.conf"_s);
-        QVERIFY(WriteFile(configPath, config.toUtf8()));
+        QVERIFY(DatabaseFiles::Write(configPath, config.toUtf8()));
         // Discovery fails until the server listens.
         QString error = u"not run"_s;
         auto vdirsyncer = [&](const QString& step) {
