@@ -24,11 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-CAppStateTable& State()
-{
-    return CAppStateTable::Instance();
-}
-
 // The semester the course's order record points at.
 quint32 SemesterOf(quint32 course)
 {
@@ -194,7 +189,7 @@ private slots:
             dialog.SelectRow(0);
             dialog.ViewOldSemester();
             // The semester stays chosen even when the user stays in the dialog.
-            QCOMPARE(State().GetCurrentSemesterID(), m_fall);
+            QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), m_fall);
             QCOMPARE(CPredictionStore::Instance().IsActive(), result != int(QDialog::Accepted));
         } else {
             dialog.accept();
@@ -266,8 +261,8 @@ private slots:
 
     void commandsRefreshTheMainView()
     {
-        State().SetCurrentCourseID(m_art);
-        State().SetCurrentTabID(CViewTabTable::PastDueTab);
+        CAppStateTable::Instance().SetCurrentCourseID(m_art);
+        CAppStateTable::Instance().SetCurrentTabID(CViewTabTable::PastDueTab);
         CMainFrame frame;
         DialogRunner::SetHook([](QDialog& dialog) {
             if (auto* semesters = qobject_cast<SemesterDlg*>(&dialog)) {
@@ -303,17 +298,17 @@ private slots:
         // The hidden current tab gives way to "No Filter", stored at once.
         QCOMPARE(tabs->currentIndex(), 0);
         QVERIFY(m_db->Reopen());
-        QCOMPARE(State().GetCurrentTabID(), CViewTabTable::NoFilter);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentTabID(), CViewTabTable::NoFilter);
 
         trigger("actionSemester");
-        QCOMPARE(State().GetCurrentSemesterID(), m_fall);
-        QCOMPARE(State().GetCurrentCourseID(), AllCoursesID);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), m_fall);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentCourseID(), AllCoursesID);
         QVERIFY(!frame.View()->Banner()->isHidden());
         QCOMPARE(selector->itemText(1), u"Latin"_s);
         QVERIFY(!frame.findChild<QAction*>(u"actionTogglePrediction"_s)->isEnabled());
         // The banner's exit goes back to the working semester.
         frame.OnBannerCommand();
-        QCOMPARE(State().GetCurrentSemesterID(), WorkingSemesterID);
+        QCOMPARE(CAppStateTable::Instance().GetCurrentSemesterID(), WorkingSemesterID);
         QCOMPARE(selector->count(), 4);
     }
 };
