@@ -253,18 +253,22 @@ void CourseworkDlg::OnPointsEdited()
         m_infoPage->SetProgress(100);
 }
 
-QString CourseworkDlg::Refusal() const
+QString CourseworkDlg::Refusal(QWidget** field) const
 {
+    *field = m_infoPage->NameEdit();
     if (m_entry.name.isEmpty())
         return CourseworkStrings::NameEmpty();
     // Empty fields are allowed (no score, no points, no weight); typed
     // numbers count from 0 up.
     auto negative = [](double value) { return value != CourseworkEntry::None && value < 0.0; };
+    *field = m_infoPage->ScoreEdit();
     if (negative(m_entry.score))
         return CourseworkStrings::ScoreOutOfRange();
+    *field = m_infoPage->OutOfEdit();
     if (negative(m_entry.possible))
         return CourseworkStrings::OutOfOutOfRange();
     // A hidden weight is stored as it stands; only a shown one is the user's to fix.
+    *field = m_infoPage->WeightEdit();
     if (m_infoPage->WeightShown() && negative(m_entry.weight))
         return CourseworkStrings::WeightOutOfRange();
     return QString();
@@ -274,8 +278,14 @@ bool CourseworkDlg::Save()
 {
     if (!m_opened)
         return false;
-    if (const QString refusal = Refusal(); !refusal.isEmpty()) {
+    QWidget* field = nullptr;
+    if (const QString refusal = Refusal(&field); !refusal.isEmpty()) {
         BrindleMessageBox::Warn(this, refusal);
+        // The field to fix, with what was typed in it, ready for new typing.
+        m_pages->setCurrentWidget(m_infoPage);
+        field->setFocus();
+        if (auto* edit = qobject_cast<QLineEdit*>(field))
+            edit->selectAll();
         return false;
     }
 

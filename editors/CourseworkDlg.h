@@ -90,8 +90,9 @@ private:
     void FillTextbooks(quint32 selectedTextbookId);
     void ShowWeightForCourse();
     void OnPointsEdited();
-    // A message for the working copy's first refused field, if any.
-    QString Refusal() const;
+    // A message for the working copy's first refused field, if any, and the
+    // field that shows it.
+    QString Refusal(QWidget** field) const;
 
     CCourseworkTable m_coursework; // open on the edited record for the dialog's life
     quint32 m_courseId = NoCourseID;

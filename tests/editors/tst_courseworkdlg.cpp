@@ -400,15 +400,19 @@ void TestCourseworkDlg::refusedSave_data()
     QTest::addColumn<double>("possible");
     QTest::addColumn<double>("weight");
     QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("field"); // the field shown to fix it
 
-    QTest::newRow("empty name") << u""_s << 8.0 << 10.0 << 1.0 << u"Coursework name empty."_s;
+    QTest::newRow("empty name") << u""_s << 8.0 << 10.0 << 1.0 << u"Coursework name empty."_s
+                                << u"nameEdit"_s;
     QTest::newRow("negative score")
-        << u"Lab"_s << -1.0 << 10.0 << 1.0 << u"The score must be a number of 0 or more."_s;
+        << u"Lab"_s << -1.0 << 10.0 << 1.0 << u"The score must be a number of 0 or more."_s
+        << u"scoreEdit"_s;
     QTest::newRow("negative out of")
         << u"Lab"_s << 8.0 << -10.0 << 1.0
-        << u"The points possible (Out Of) must be a number of 0 or more."_s;
+        << u"The points possible (Out Of) must be a number of 0 or more."_s << u"outOfEdit"_s;
     QTest::newRow("negative weight")
-        << u"Lab"_s << 8.0 << 10.0 << -1.0 << u"The weight must be a number of 0 or more."_s;
+        << u"Lab"_s << 8.0 << 10.0 << -1.0 << u"The weight must be a number of 0 or more."_s
+        << u"weightEdit"_s;
 }
 
 void TestCourseworkDlg::refusedSave()
@@ -418,6 +422,7 @@ void TestCourseworkDlg::refusedSave()
     QFETCH(double, possible);
     QFETCH(double, weight);
     QFETCH(QString, message);
+    QFETCH(QString, field);
 
     const quint32 id = MakeCoursework(-1.0, -1.0, 0, 1.0, 2);
     const QStringList before = EditorRecords::DumpAll();
@@ -425,6 +430,7 @@ void TestCourseworkDlg::refusedSave()
     dialog.SetCourseworkID(id);
     QVERIFY(dialog.OnInitDialog());
     dialog.show();
+    dialog.Pages()->setCurrentIndex(1);
     CourseworkEntry& entry = dialog.Entry();
     entry.name = name;
     entry.score = score;
@@ -435,6 +441,8 @@ void TestCourseworkDlg::refusedSave()
     QVERIFY(!dialog.Save());
     QCOMPARE(answers.Texts(), QStringList{message});
     QVERIFY(dialog.isVisible());
+    QCOMPARE(dialog.Pages()->currentIndex(), 0);
+    QCOMPARE(dialog.focusWidget()->objectName(), field);
     QCOMPARE(EditorRecords::DumpAll(), before);
     // A typed minus is refused the same way through OK.
     if (score < 0) {
