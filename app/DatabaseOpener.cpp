@@ -7,13 +7,42 @@
 #include "res/strings/StoreStrings.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QThread>
 
 namespace {
+
 // What SQLite keeps beside a database file; each belongs to that file alone.
 const char* const CompanionSuffixes[] = {"-journal", "-wal", "-shm"};
+
+bool NamesItsOwner(const QLockFile& lock)
+{
+    qint64 pid = 0;
+    QString host;
+    QString application;
+    return lock.getLockInfo(&pid, &host, &application);
+}
+
+// A start killed between making the lock file and writing its process id into
+// it leaves a lock that names no owner, which no age would ever free. A live
+// owner writes its id at once; one that has not after a moment never will.
+bool TakeOverOwnerlessLock(QLockFile& lock)
+{
+    const QDeadlineTimer patience(500);
+    for (;;) {
+        if (lock.tryLock(0))
+            return true; // its owner has just let go
+        if (lock.error() != QLockFile::LockFailedError || NamesItsOwner(lock))
+            return false;
+        if (patience.hasExpired())
+            return lock.removeStaleLockFile() && lock.tryLock(0);
+        QThread::msleep(20);
+    }
+}
+
 } // namespace
 
 CDatabaseOpener::CDatabaseOpener(bool interactive) : m_interactive(interactive) {}
@@ -30,7 +59,8 @@ bool CDatabaseOpener::Fail(const QString& text)
 
 // Two windows on one file would each keep a state record the other
 // overwrites; the second one says so and stops. The lock is a file beside
-// the database that the system lets go of when the process ends, however.
+// the database that the system lets go of when the process ends, however
+// (even one killed while it was making the lock).
 bool CDatabaseOpener::LockAgainstSecondWindow(const QString& path)
 {
     if (!BrindleFiles::MakePrivateFolder(QFileInfo(path).absolutePath()))
@@ -38,7 +68,7 @@ bool CDatabaseOpener::LockAgainstSecondWindow(const QString& path)
     m_lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
     // A lock of a process that is gone is taken over; a live one never ages.
     m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock(0))
+    if (m_lock->tryLock(0) || TakeOverOwnerlessLock(*m_lock))
         return true;
     const bool held = m_lock->error() == QLockFile::LockFailedError;
     m_lock.reset();
