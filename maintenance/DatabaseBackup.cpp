@@ -17,16 +17,11 @@ QString SuggestedName(const QDate& date)
 MaintenanceResult Backup(const QString& databasePath, const QString& target)
 {
     const QString temporary = DatabaseFileCopy::TemporaryPathFor(target);
-    MaintenanceResult result = DatabaseFileCopy::CopyToNewFile(databasePath, temporary);
+    // The copy is proven before it replaces anything the user had at target.
+    MaintenanceResult result = DatabaseFileCopy::CopyToNewFile(
+        databasePath, temporary, [&temporary] { return CheckDatabaseFile(temporary); });
     if (!result.ok)
         return result;
-
-    // The copy is proven before it replaces anything the user had at target.
-    const QString reason = CheckDatabaseFile(temporary);
-    if (!reason.isEmpty()) {
-        QFile::remove(temporary);
-        return MaintenanceResult::Failed(reason);
-    }
     result = DatabaseFileCopy::ReplaceFile(temporary, target);
     if (!result.ok) {
         QFile::remove(temporary);

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <future>
 #include <vector>
 
 #include <fcntl.h>
@@ -71,18 +72,26 @@ MaintenanceResult BufferedCopy(QFile& in, QFile& out)
     }
 }
 
-// Copies the bytes and syncs; the caller removes the copy on failure.
-MaintenanceResult WriteCopy(QFile& in, QFile& out)
+// Copies the bytes, then syncs them while `prove` reads them; the caller
+// removes the copy on failure.
+MaintenanceResult WriteCopy(QFile& in, QFile& out, const CopyProof& prove)
 {
     if (!KernelCopy(in.handle(), out.handle())) {
         const MaintenanceResult copied = BufferedCopy(in, out);
         if (!copied.ok)
             return copied;
     }
-    // A backup that sits only in the page cache is lost with the power.
-    if (::fsync(out.handle()) != 0)
+    // A backup that sits only in the page cache is lost with the power. The
+    // sync writes the pages the proof reads from the same cache, so the two
+    // run side by side; the copy counts only once both are done.
+    auto synced = std::async(std::launch::async,
+                             [fd = out.handle()] { return ::fsync(fd) == 0 ? 0 : errno; });
+    const QString refusal = prove ? prove() : QString();
+    if (const int error = synced.get())
         return MaintenanceResult::Failed(
-            DatabaseStrings::CannotWriteFile(out.fileName(), SystemError(errno)));
+            DatabaseStrings::CannotWriteFile(out.fileName(), SystemError(error)));
+    if (!refusal.isEmpty())
+        return MaintenanceResult::Failed(refusal);
     return MaintenanceResult::Done();
 }
 
@@ -93,7 +102,8 @@ QString TemporaryPathFor(const QString& path)
     return path + QStringLiteral(".tmp");
 }
 
-MaintenanceResult CopyToNewFile(const QString& source, const QString& destination)
+MaintenanceResult CopyToNewFile(const QString& source, const QString& destination,
+                                const CopyProof& prove)
 {
     // Unbuffered: the bytes go through the descriptors alone.
     QFile in(source);
@@ -111,7 +121,9 @@ MaintenanceResult CopyToNewFile(const QString& source, const QString& destinatio
         return MaintenanceResult::Failed(
             DatabaseStrings::CannotWriteFile(destination, out.errorString()));
     }
-    const MaintenanceResult result = WriteCopy(in, out);
+    // The copy stays open until the proof is done: closing another descriptor
+    // of the file would drop the proof's SQLite locks on it.
+    const MaintenanceResult result = WriteCopy(in, out, prove);
     out.close();
     if (!result.ok)
         out.remove();

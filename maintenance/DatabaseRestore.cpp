@@ -41,16 +41,14 @@ MaintenanceResult Restore(const QString& chosenFile)
 
     // The copy is made before the database moves, so that restoring the
     // database file onto itself (by any path) still has its bytes to copy.
-    MaintenanceResult result = DatabaseFileCopy::CopyToNewFile(chosenFile, temporary);
-    if (!result.ok)
-        return result;
     // The copy, not the chosen file, is checked: it is what will be mounted,
     // and no other program can change it between the check and the mount.
-    const QString reason = CheckDatabaseFile(temporary, chosenFile);
-    if (!reason.isEmpty()) {
-        QFile::remove(temporary);
-        return MaintenanceResult::Failed(reason);
-    }
+    MaintenanceResult result =
+        DatabaseFileCopy::CopyToNewFile(chosenFile, temporary, [&temporary, &chosenFile] {
+            return CheckDatabaseFile(temporary, chosenFile);
+        });
+    if (!result.ok)
+        return result;
 
     result = DatabaseFileCopy::MoveFile(databasePath, aside);
     if (!result.ok) {
