@@ -12,8 +12,8 @@ CommandLine CommandLine::Parse(const QCoreApplication& app)
     parser.addVersionOption();
     const QCommandLineOption database(QStringLiteral("database"), AppStrings::OptionDatabase(),
                                       QStringLiteral("FILE"));
-    const QCommandLineOption screenshot(QStringLiteral("screenshot"), AppStrings::OptionScreenshot(),
-                                        QStringLiteral("FILE"));
+    const QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                        AppStrings::OptionScreenshot(), QStringLiteral("FILE"));
     const QCommandLineOption quitAfterShow(QStringLiteral("quit-after-show"),
                                            AppStrings::OptionQuitAfterShow());
     const QCommandLineOption demo(QStringLiteral("demo"), AppStrings::OptionDemo());

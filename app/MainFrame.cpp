@@ -9,8 +9,8 @@
 #include "grading/PredictedGrades.h"
 #include "grading/PredictionStore.h"
 #include "res/strings/AppStrings.h"
-#include "res/strings/PlannerStrings.h"
 #include "res/strings/ExportStrings.h"
+#include "res/strings/PlannerStrings.h"
 #include "res/strings/TodayStrings.h"
 
 #include <QAction>

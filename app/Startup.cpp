@@ -5,8 +5,7 @@
 #include <QFile>
 #include <QProcess>
 
-CStartup::CStartup(ProcessStarter starter)
-    : m_starter(std::move(starter))
+CStartup::CStartup(ProcessStarter starter) : m_starter(std::move(starter))
 {
     if (!m_starter)
         m_starter = [](const QString& program) { return QProcess::startDetached(program, {}); };

@@ -11,9 +11,8 @@
 #include <QVBoxLayout>
 
 TodayCompanionDlg::TodayCompanionDlg(QWidget* parent)
-    : QDialog(parent)
-    , m_startAtLogin(TodayAutostart::IsOn())
-    , m_box(new QCheckBox(TodayStrings::StartAtLogin(), this))
+    : QDialog(parent), m_startAtLogin(TodayAutostart::IsOn()),
+      m_box(new QCheckBox(TodayStrings::StartAtLogin(), this))
 {
     setObjectName(QStringLiteral("TodayCompanionDlg"));
     setWindowTitle(TodayStrings::CompanionTitle());

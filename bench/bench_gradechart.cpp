@@ -19,9 +19,12 @@ double MedianRepaintMs(double fraction)
     GradeChart chart;
     std::vector<GradeChart::Course> courses;
     for (int i = 0; i < 8; ++i)
-        courses.push_back({QStringLiteral("Course %1").arg(i), i == 0 ? fraction : 0.6 + i * 0.05,
-                           {{QStringLiteral("A"), 90}, {QStringLiteral("B"), 80},
-                            {QStringLiteral("C"), 70}, {QStringLiteral("D"), 60}}});
+        courses.push_back({QStringLiteral("Course %1").arg(i),
+                           i == 0 ? fraction : 0.6 + i * 0.05,
+                           {{QStringLiteral("A"), 90},
+                            {QStringLiteral("B"), 80},
+                            {QStringLiteral("C"), 70},
+                            {QStringLiteral("D"), 60}}});
     chart.SetCourses(std::move(courses));
     chart.resize(chart.sizeHint());
     std::vector<double> times;

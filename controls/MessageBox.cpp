@@ -21,7 +21,8 @@ QMessageBox::StandardButton Show(QWidget* parent, const QString& text, QMessageB
 {
     if (g_answerer)
         return g_answerer(text);
-    QMessageBox box(icon, caption.isEmpty() ? AppStrings::AppTitle() : caption, text, buttons, parent);
+    QMessageBox box(icon, caption.isEmpty() ? AppStrings::AppTitle() : caption, text, buttons,
+                    parent);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
@@ -38,8 +39,8 @@ void Warn(QWidget* parent, const QString& text)
 void WarnNotSaved(QWidget* parent)
 {
     const QString reason = CTransaction::LastFailure();
-    Warn(parent, ControlStrings::ChangeNotSaved(reason.isEmpty() ? StoreStrings::StepFailed()
-                                                                 : reason));
+    Warn(parent,
+         ControlStrings::ChangeNotSaved(reason.isEmpty() ? StoreStrings::StepFailed() : reason));
 }
 
 bool ConfirmDelete(QWidget* parent, const QString& text)

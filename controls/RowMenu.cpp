@@ -38,8 +38,7 @@ bool CRowMenu::eventFilter(QObject* watched, QEvent* event)
         if (auto* hold =
                 static_cast<QTapAndHoldGesture*>(gestures->gesture(Qt::TapAndHoldGesture))) {
             if (hold->state() == Qt::GestureFinished) {
-                const QPoint position =
-                    m_viewport->mapFromGlobal(hold->position().toPoint());
+                const QPoint position = m_viewport->mapFromGlobal(hold->position().toPoint());
                 Open(m_view->indexAt(position).row(), position);
             }
             gestures->accept(hold);

@@ -14,9 +14,7 @@
 #include <algorithm>
 
 CDueNotifier::CDueNotifier(const QDBusConnection& bus, const QString& stateFile, QObject* parent)
-    : QObject(parent)
-    , m_bus(bus)
-    , m_stateFile(stateFile)
+    : QObject(parent), m_bus(bus), m_stateFile(stateFile)
 {
 }
 
@@ -37,7 +35,10 @@ void CDueNotifier::SetLeadTimes(const QList<int>& minutes)
 // to a new due time is notified again, at its new time.
 QString CDueNotifier::Key(const DueItem& item, int lead)
 {
-    return QStringLiteral("%1 %2 %3").arg(item.courseworkId).arg(item.dueValue, 0, 'g', 17).arg(lead);
+    return QStringLiteral("%1 %2 %3")
+        .arg(item.courseworkId)
+        .arg(item.dueValue, 0, 'g', 17)
+        .arg(lead);
 }
 
 bool CDueNotifier::Load()

@@ -20,8 +20,7 @@ class CDueNotifier : public QObject
     Q_OBJECT
 
 public:
-    CDueNotifier(const QDBusConnection& bus, const QString& stateFile,
-                 QObject* parent = nullptr);
+    CDueNotifier(const QDBusConnection& bus, const QString& stateFile, QObject* parent = nullptr);
 
     // Lead times in minutes, any order.
     void SetLeadTimes(const QList<int>& minutes);

@@ -2,9 +2,9 @@
 
 #include "BrindleData.h"
 #include "DueList.h"
+#include "DueListFormat.h"
 #include "DueNotifier.h"
 #include "ReadOnlyDatabase.h"
-#include "DueListFormat.h"
 #include "res/strings/TodayStrings.h"
 
 #include <QAction>
@@ -38,13 +38,10 @@ QIcon PastDueIcon()
 
 CTodayTray::CTodayTray(const QString& databasePath, const QString& settingsFile, int days,
                        CDueNotifier* notifier, QObject* parent)
-    : QObject(parent)
-    , m_databasePath(databasePath)
-    , m_days(days)
-    , m_notifier(notifier)
-    , m_menu(std::make_unique<QMenu>())
-    , m_icon(new QSystemTrayIcon(QIcon(QStringLiteral(":/images/brindle.svg")), this))
-    , m_switch(settingsFile)
+    : QObject(parent), m_databasePath(databasePath), m_days(days), m_notifier(notifier),
+      m_menu(std::make_unique<QMenu>()),
+      m_icon(new QSystemTrayIcon(QIcon(QStringLiteral(":/images/brindle.svg")), this)),
+      m_switch(settingsFile)
 {
     m_icon->setContextMenu(m_menu.get());
     connect(m_menu.get(), &QMenu::triggered, this, [this](QAction* action) {
@@ -57,10 +54,11 @@ CTodayTray::CTodayTray(const QString& databasePath, const QString& settingsFile,
             Launch({QStringLiteral("--database"), m_databasePath, QStringLiteral("--coursework"),
                     QString::number(action->data().toUInt())});
     });
-    connect(m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        if (reason == QSystemTrayIcon::Trigger)
-            m_menu->popup(QCursor::pos());
-    });
+    connect(m_icon, &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    m_menu->popup(QCursor::pos());
+            });
     m_timer.setInterval(60 * 1000);
     connect(&m_timer, &QTimer::timeout, this, &CTodayTray::Refresh);
 
@@ -122,8 +120,8 @@ void CTodayTray::Refresh()
     int pastDue = 0;
     for (const DueItem& item : list.Items())
         pastDue += item.pastDue ? 1 : 0;
-    m_icon->setToolTip(status.isEmpty() ? TodayStrings::TrayToolTip(int(list.Items().size()), pastDue)
-                                        : status);
+    m_icon->setToolTip(
+        status.isEmpty() ? TodayStrings::TrayToolTip(int(list.Items().size()), pastDue) : status);
 }
 
 void CTodayTray::FillMenu(QMenu* menu, const std::vector<DueItem>& items, const QString& status)
@@ -137,22 +135,24 @@ void CTodayTray::FillMenu(QMenu* menu, const std::vector<DueItem>& items, const 
     } else {
         const QIcon pastDueIcon = PastDueIcon();
         for (const DueItem& item : items) {
-            QAction* action = menu->addAction(TodayStrings::MenuItem(
-                item.name, item.course, DueListFormat::DueText(item.due)));
+            QAction* action = menu->addAction(
+                TodayStrings::MenuItem(item.name, item.course, DueListFormat::DueText(item.due)));
             action->setData(item.courseworkId);
             if (item.pastDue)
                 action->setIcon(pastDueIcon);
         }
     }
     menu->addSeparator();
-    menu->addAction(TodayStrings::OpenBrindle())->setObjectName(QStringLiteral("actionOpenBrindle"));
+    menu->addAction(TodayStrings::OpenBrindle())
+        ->setObjectName(QStringLiteral("actionOpenBrindle"));
     menu->addAction(TodayStrings::Quit())->setObjectName(QStringLiteral("actionQuit"));
 }
 
 void CTodayTray::Launch(const QStringList& arguments)
 {
     // brindle is installed beside brindle-today (and built beside it).
-    const QString program = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("brindle"));
+    const QString program =
+        QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("brindle"));
     if (!QProcess::startDetached(program, arguments))
         m_icon->showMessage(TodayStrings::Title(), TodayStrings::CannotStartBrindle(),
                             QSystemTrayIcon::Warning);

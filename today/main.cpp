@@ -33,7 +33,8 @@ int PrintList(int days, bool json)
     }
     const QByteArray out =
         json ? DueListFormat::Json(list.Items()) : DueListFormat::Text(list.Items()).toUtf8();
-    return std::fwrite(out.constData(), 1, size_t(out.size()), stdout) == size_t(out.size()) ? 0 : 1;
+    return std::fwrite(out.constData(), 1, size_t(out.size()), stdout) == size_t(out.size()) ? 0
+                                                                                             : 1;
 }
 
 } // namespace
@@ -101,7 +102,8 @@ int main(int argc, char* argv[])
     // better none than repeats.
     const bool notices = notifier.Load();
     if (!notices)
-        std::fprintf(stderr, "%s\n", qPrintable(TodayStrings::StateNotRead(CDueNotifier::DefaultStateFile())));
+        std::fprintf(stderr, "%s\n",
+                     qPrintable(TodayStrings::StateNotRead(CDueNotifier::DefaultStateFile())));
     QObject::connect(&notifier, &CDueNotifier::Failed, [](const QString& reason) {
         std::fprintf(stderr, "%s\n", qPrintable(reason));
     });

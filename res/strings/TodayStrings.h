@@ -97,7 +97,8 @@ inline QString StartAtLogin()
 inline QString AutostartNotFound(const QString& file)
 {
     return BrindleText::tr("The companion's start entry %1 is missing; is Brindle installed "
-                           "whole?").arg(file);
+                           "whole?")
+        .arg(file);
 }
 inline QString AutostartNotWritten(const QString& file)
 {

@@ -63,8 +63,8 @@ private slots:
                 QSKIP("todoman is not installed (scripts/install-deps.sh installs it)");
             PimClients clients(PimFolders::Load());
             QString error;
-            const QString list = clients.Run(u"todoman"_s, {u"list"_s, u"--status"_s, u"ANY"_s},
-                                             {}, &error, zone);
+            const QString list =
+                clients.Run(u"todoman"_s, {u"list"_s, u"--status"_s, u"ANY"_s}, {}, &error, zone);
             QVERIFY2(list.contains(u"2026-07-15 14:30"_s) && list.contains(u"2026-01-15 08:05"_s),
                      qPrintable(zone + u": "_s + list + error));
         }

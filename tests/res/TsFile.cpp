@@ -20,7 +20,8 @@ QString ElementText(QXmlStreamReader& xml)
         else if (token == QXmlStreamReader::EndElement)
             --depth;
         else if (token == QXmlStreamReader::StartElement && ++depth > 0 && xml.name() == u"byte")
-            text += QChar(xml.attributes().value(QStringLiteral("value")).mid(1).toUInt(nullptr, 16));
+            text +=
+                QChar(xml.attributes().value(QStringLiteral("value")).mid(1).toUInt(nullptr, 16));
     }
     return text;
 }
